@@ -1,0 +1,86 @@
+#include "frame/document.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cassert>
+#include <cstdarg>
+
+namespace {
+
+// Whether reading the open file ends, without an error, within the limit.
+// The size that the file system tells is no help: it may be 0 for a file that
+// goes on for ever.
+bool can_be_read_to_its_end(int file) {
+    char block[4096];
+    std::size_t size = 0;
+    while (size <= max_document_size) {
+        const ssize_t count = read(file, block, sizeof block);
+        if (count <= 0) {
+            return count == 0;
+        }
+        size += static_cast<std::size_t>(count);
+    }
+    return false;
+}
+
+bool is_regular_file(int file) {
+    struct stat status;
+    return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+} // namespace
+
+dictionary* load_document(const char* path) {
+    // Without O_NONBLOCK, opening a named pipe would wait for its writer.
+    const int file = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file >= 0) {
+        const bool acceptable = is_regular_file(file) && can_be_read_to_its_end(file);
+        close(file);
+        if (!acceptable) {
+            fprintf(stderr, "cannot load %s: not a readable regular file of at most %zu bytes\n",
+                    path, max_document_size);
+            return nullptr;
+        }
+    }
+    return iniparser_load(path); // says why a file cannot be opened
+}
+
+void write_header(FILE* ini_file) {
+    fprintf(ini_file, "#\n# The configure file of the switch device\n#\n");
+}
+
+void write_banner(FILE* ini_file, const char* group) {
+    fprintf(ini_file, "\n# %s #\n", group);
+}
+
+void write_section_line(FILE* ini_file, const char* name) {
+    fprintf(ini_file, "\n[%s]\n", name);
+}
+
+EntryName::EntryName(const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    [[maybe_unused]] const int length = vsnprintf(text_, sizeof text_, format, arguments);
+    va_end(arguments);
+    assert(length >= 0 && static_cast<std::size_t>(length) < sizeof text_);
+}
+
+const char* read_string(const dictionary* ini, const char* entry, const char* fallback) {
+    const char* value = iniparser_getstring(ini, entry, nullptr);
+    return value != nullptr ? value : fallback;
+}
+
+// The library's readers of numbers and booleans crash on an entry that is a
+// section, hence the look before they are called.
+
+int read_int(const dictionary* ini, const char* entry, int fallback) {
+    return read_string(ini, entry, nullptr) != nullptr ? iniparser_getint(ini, entry, fallback)
+                                                       : fallback;
+}
+
+int read_boolean(const dictionary* ini, const char* entry, int fallback) {
+    return read_string(ini, entry, nullptr) != nullptr ? iniparser_getboolean(ini, entry, fallback)
+                                                       : fallback;
+}

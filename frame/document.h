@@ -1,0 +1,76 @@
+// The configuration document: how its frame is written and how values are
+// read back from it.
+//
+// Every value is looked up through the readers below, under the entry name
+// "section:key" in any letter case. They keep the INI library's readings:
+//  - A number is converted by strtol in base 0: 0x1f is 31, 010 is 8, 12abc is
+//    12, and a present value without digits is 0. Only an absent key gives the
+//    fallback, so that a fallback of -1 makes the value -1 equal an absent key.
+//  - A boolean goes by its first character: y, Y, t, T, 1 and n, N, f, F, 0.
+//    Anything else gives the fallback.
+//  - An entry that turns out to be a section ("[port settings:port1]") holds
+//    no value and reads as absent.
+#pragma once
+
+#include <iniparser/iniparser.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
+// A larger document is refused: reading takes the library a time that grows
+// with the square of the number of keys. A full document of 8 ports, its VLAN
+// lists at their longest, has less than 24 KiB.
+constexpr std::size_t max_document_size = 256 * 1024;
+
+// Parses the document. Null when it is anything but a regular file of at most
+// max_document_size bytes that can be read to its end, when a line has more
+// than 1022 characters, and at any syntax error. The caller frees the result
+// with iniparser_freedict.
+dictionary* load_document(const char* path);
+
+void write_header(FILE* ini_file);
+
+// The comment line above a group of sections.
+void write_banner(FILE* ini_file, const char* group);
+
+// "[name]" on a line of its own, after an empty line.
+void write_section_line(FILE* ini_file, const char* name);
+
+// An entry name made from a printf format, for keys with numbers in them.
+class EntryName {
+public:
+    [[gnu::format(printf, 2, 3)]] explicit EntryName(const char* format, ...);
+    operator const char*() const { return text_; }
+
+private:
+    char text_[80]; // the longest name of the document has 58 characters
+};
+
+// Text in a buffer of Size bytes: zero-filled, always terminated.
+template <std::size_t Size>
+struct Text {
+    char chars[Size] = {};
+
+    Text() = default;
+
+    // Longer text is cut to its first Size - 1 characters.
+    explicit Text(const char* source) { std::memcpy(chars, source, strnlen(source, Size - 1)); }
+
+    // The same bytes for device operations that take text as unsigned bytes.
+    unsigned char* bytes() { return reinterpret_cast<unsigned char*>(chars); }
+};
+
+// The whole value. It belongs to the dictionary and lives as long.
+const char* read_string(const dictionary* ini, const char* entry, const char* fallback);
+
+int read_int(const dictionary* ini, const char* entry, int fallback);
+
+int read_boolean(const dictionary* ini, const char* entry, int fallback);
+
+// The value, cut to Size - 1 characters; an absent key reads as empty.
+template <std::size_t Size>
+Text<Size> read_text(const dictionary* ini, const char* entry) {
+    return Text<Size>(read_string(ini, entry, ""));
+}

@@ -1,0 +1,102 @@
+#include "frame/section_order.h"
+
+#include "sections/system/identity.h"
+#include "sections/system/ports.h"
+
+#include <iterator>
+
+namespace {
+
+// What a section does in each mode.
+struct Section {
+    void (*backup)(FILE* ini_file);
+    int (*check)(const dictionary* ini, FILE* error_file); // null: accepted as it is
+    void (*restore)(const dictionary* ini);                // null: never applied
+    std::uint32_t keep;                                    // the bit that keeps the device's own
+};
+
+constexpr Section system_information{backup_ini_system_information, check_ini_system_information,
+                                     nullptr, 0};
+constexpr Section system_settings{backup_ini_system_settings, check_ini_system_settings,
+                                  restore_ini_system_settings, 0};
+constexpr Section network_settings{backup_ini_network_settings, check_ini_network_settings,
+                                   restore_ini_network_settings, KEEP_CONFIG_NETWORK};
+constexpr Section port_settings{backup_ini_port_settings, check_ini_port_settings,
+                                restore_ini_port_settings, 0};
+
+// A line of the document order: a banner, or a section.
+struct Place {
+    const char* banner;
+    const Section* section;
+};
+
+constexpr Place banner(const char* group) {
+    return {group, nullptr};
+}
+
+constexpr Place section(const Section& section) {
+    return {nullptr, &section};
+}
+
+constexpr Place document_order[] = {
+    banner("Information"),    section(system_information), banner("Configuration"),
+    section(system_settings), section(network_settings),   section(port_settings),
+    banner("Diagnostics"),    banner("Security"),
+};
+
+// Check and restore. The order decides which of several faults is reported.
+constexpr const Section* apply_order[] = {
+    &system_information,
+    &system_settings,
+    &network_settings,
+    &port_settings,
+};
+
+constexpr std::size_t places_in_document(const Section* section) {
+    std::size_t count = 0;
+    for (const Place& place : document_order) {
+        count += place.section == section ? 1 : 0;
+    }
+    return count;
+}
+
+constexpr bool both_orders_hold_the_same_sections() {
+    for (const Section* section : apply_order) {
+        if (places_in_document(section) != 1) {
+            return false;
+        }
+    }
+    const std::size_t banners = places_in_document(nullptr);
+    return std::size(document_order) == std::size(apply_order) + banners;
+}
+static_assert(both_orders_hold_the_same_sections());
+
+} // namespace
+
+void write_sections(FILE* ini_file) {
+    write_header(ini_file);
+    for (const Place& place : document_order) {
+        if (place.section != nullptr) {
+            place.section->backup(ini_file);
+        } else {
+            write_banner(ini_file, place.banner);
+        }
+    }
+}
+
+int check_sections(const dictionary* ini, FILE* error_file) {
+    for (const Section* section : apply_order) {
+        if (section->check != nullptr && section->check(ini, error_file) != 0) {
+            return -1;
+        }
+    }
+    return 0;
+}
+
+void restore_sections(const dictionary* ini, std::uint32_t keep) {
+    for (const Section* section : apply_order) {
+        if (section->restore != nullptr && (section->keep & keep) == 0) {
+            section->restore(ini);
+        }
+    }
+}
