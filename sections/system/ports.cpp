@@ -1,0 +1,152 @@
+// The enable state lives in the stored port configuration. The speed of a
+// fibre port lives in the EEPROM, under entry 1 (port index 6, "Port7") and
+// entry 2 (port index 7, "Port8"), and is applied to the port as well.
+
+#include "sections/system/ports.h"
+
+#include "frame/ports.h"
+#include "frame/report.h"
+#include "platform/include/eeprom.h"
+#include "platform/include/port_masks.h"
+#include "platform/include/return_codes.h"
+
+namespace {
+
+constexpr FaultCodes port_status_codes{USR_RET_ERR_PORT_ENABLE_STATUS_NO_FOUND,
+                                       USR_RET_ERR_PORT_ENABLE_STATUS_VALUE_INVALID};
+constexpr FaultCodes port_speed_codes{USR_RET_ERR_PORT_SPEED_NO_FOUND,
+                                      USR_RET_ERR_PORT_SPEED_VALUE_INVALID};
+
+struct FibrePort {
+    const char* speed_entry;
+    int port;  // index of the port
+    int entry; // number of its EEPROM entry
+};
+
+constexpr FibrePort fibre_ports[] = {
+    {"port settings:Port7 speed", 6, 1},
+    {"port settings:Port8 speed", 7, 2},
+};
+
+constexpr int fibre_entry(int port) {
+    return port - 5;
+}
+
+// Only this model has fibre speeds. The library answers in the low 8 bits.
+bool has_fibre_speeds() {
+    return static_cast<std::uint8_t>(get_eeprom_macsec_port_type()) == 1;
+}
+
+// A flag is a signed 8-bit number on every machine: 255 is -1, not found.
+std::int8_t read_port_status(const dictionary* ini, int port, int fallback) {
+    return static_cast<std::int8_t>(
+        read_int(ini, EntryName("port settings:port%d", key_number(port)), fallback));
+}
+
+void ini_write_port_status(FILE* ini_file) {
+    char enabled = 0; // a port that cannot be read is written like the one before it
+    for (std::uint8_t port = 0; port < g_ucMaxPhyPort; ++port) {
+        U_FlshPortGetEbl(port, &enabled);
+        fprintf(ini_file, "port%d = %d ;\n", key_number(port), static_cast<std::int8_t>(enabled));
+    }
+}
+
+void ini_write_port_speed(FILE* ini_file) {
+    for (std::uint8_t port = 0; port < g_ucMaxPhyPort; ++port) {
+        if (U_PortGetMode(port) == LAN_PORT_MODE_FIBER) {
+            Text<17> name; // a name that fills its 16 bytes is terminated by the last
+            U_TrkLId2LogicId(name.chars, port);
+            const int speed = get_eeprom_fiber_speed(fibre_entry(port));
+            fprintf(ini_file, "%s speed = %d ;\n", name.chars, static_cast<std::uint16_t>(speed));
+        }
+    }
+}
+
+} // namespace
+
+void backup_ini_port_settings(FILE* ini_file) {
+    write_section_line(ini_file, "port settings");
+    ini_write_port_status(ini_file);
+    if (has_fibre_speeds()) {
+        ini_write_port_speed(ini_file);
+    }
+}
+
+namespace {
+
+int check_port_status(const dictionary* ini, FILE* error_file) {
+    for (int port = 0; port < g_ucMaxPhyPort; ++port) {
+        const int result = check_value(error_file, read_port_status(ini, port, -1),
+                                       port_status_codes, Usrflsh_check_port_enable_status);
+        if (result != 0) {
+            return result;
+        }
+    }
+    return 0;
+}
+
+// The validator answers in the low 8 bits.
+bool is_fibre_speed(int speed) {
+    return static_cast<std::uint8_t>(Usrmacsec_check_fiber_speed(speed)) != 0;
+}
+
+int check_port_speed(const dictionary* ini, FILE* error_file) {
+    if (!has_fibre_speeds()) {
+        return 0;
+    }
+    for (const FibrePort& fibre : fibre_ports) {
+        const int result =
+            check_number(ini, error_file, fibre.speed_entry, port_speed_codes, is_fibre_speed);
+        if (result != 0) {
+            return result;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+int check_ini_port_settings(const dictionary* ini, FILE* error_file) {
+    return run_check_steps({check_port_status, check_port_speed}, ini, error_file);
+}
+
+namespace {
+
+// Writes only what differs, and resets the ports at most once. A port that the
+// document does not name is enabled.
+void restore_port_status(const dictionary* ini) {
+    bool changed = false;
+    for (std::uint8_t port = 0; port < g_ucMaxPhyPort; ++port) {
+        const std::int8_t status = read_port_status(ini, port, 1);
+        char old = 0;
+        U_FlshPortGetEbl(port, &old);
+        if (static_cast<std::uint8_t>(old) != status) {
+            U_PortSetEbl(port, static_cast<char>(status));
+            changed = true;
+        }
+    }
+    if (changed) {
+        U_PortSetSWreset();
+    }
+}
+
+// Other models have no speed keys; their EEPROM entries are left alone.
+void restore_port_speed(const dictionary* ini) {
+    if (!has_fibre_speeds()) {
+        return;
+    }
+    for (const FibrePort& fibre : fibre_ports) {
+        const int speed = read_int(ini, fibre.speed_entry, 0);
+        if (speed != get_eeprom_fiber_speed(fibre.entry)) {
+            set_fiber_speed(fibre.port, speed);
+            set_eeprom_fiber_speed(fibre.entry, speed);
+        }
+    }
+}
+
+} // namespace
+
+void restore_ini_port_settings(const dictionary* ini) {
+    restore_port_status(ini);
+    restore_port_speed(ini);
+}
