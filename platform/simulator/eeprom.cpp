@@ -1,0 +1,54 @@
+#include "platform/include/eeprom.h"
+
+#include "platform/simulator/gate.h"
+#include "platform/simulator/state.h"
+
+#include <cstring>
+
+using namespace simulator;
+
+namespace {
+
+constexpr int failed = -1;
+constexpr int fiber_entries = 2;
+
+bool is_fiber_entry(int entry) {
+    return entry >= 1 && entry <= fiber_entries;
+}
+
+} // namespace
+
+int get_full_model_name(char* name) {
+    return reads("get_full_model_name",
+                 [&] { strcpy(name, state().eeprom.model_name.text().c_str()); });
+}
+
+int get_eeprom_macsec_port_type(void) {
+    return answers("get_eeprom_macsec_port_type", failed,
+                   [] { return state().eeprom.macsec_port_type; });
+}
+
+// There is no other entry: reading one fails, writing one is refused.
+int get_eeprom_fiber_speed(int entry) {
+    return answers(
+        "get_eeprom_fiber_speed", failed,
+        [&] {
+            return is_fiber_entry(entry)
+                       ? state().eeprom.fiber_speed[static_cast<std::size_t>(entry - 1)]
+                       : failed;
+        },
+        entry);
+}
+
+int set_eeprom_fiber_speed(int entry, int speed) {
+    return changes(
+        "set_eeprom_fiber_speed",
+        [&] {
+            if (!is_fiber_entry(entry)) {
+                return false;
+            }
+            state().eeprom.fiber_speed[static_cast<std::size_t>(entry - 1)] = speed;
+            return true;
+        },
+        entry, speed);
+}

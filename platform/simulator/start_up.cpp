@@ -1,0 +1,67 @@
+#include "platform/include/start_up.h"
+
+#include "platform/include/ports.h"
+#include "platform/simulator/gate.h"
+#include "platform/simulator/state.h"
+#include "platform/simulator/state_file.h"
+
+#include <arpa/inet.h>
+
+struct MSD_QD_DEV {
+    int device;
+};
+
+uint8_t g_ucMaxPhyPort = 0;
+uint8_t g_ucMaxLogicPort = 0;
+
+namespace simulator {
+
+namespace {
+
+void set_port_counts() {
+    g_ucMaxPhyPort = state().ports.physical;
+    g_ucMaxLogicPort = state().ports.logical;
+}
+
+} // namespace
+
+State& state() {
+    static State state;
+    return state;
+}
+
+std::string dotted(Ipv4 address) {
+    const in_addr number{htonl(address.value)};
+    char text[INET_ADDRSTRLEN];
+    return inet_ntop(AF_INET, &number, text, sizeof text);
+}
+
+void reset(const State& new_state) {
+    state() = new_state;
+    set_port_counts();
+    journal().clear();
+    make_fail("");
+}
+
+} // namespace simulator
+
+using namespace simulator;
+
+MSD_QD_DEV* init_umdev(int device) {
+    static MSD_QD_DEV chip;
+    return answers(
+        "init_umdev", static_cast<MSD_QD_DEV*>(nullptr),
+        [&] {
+            chip.device = device;
+            return &chip;
+        },
+        device);
+}
+
+int initdef(void) {
+    return reads("initdef", load_stored_configuration);
+}
+
+int port_init(void) {
+    return reads("port_init", set_port_counts);
+}

@@ -1,0 +1,175 @@
+#include "platform/simulator/state_file.h"
+
+#include "platform/include/converters.h"
+
+#include <arpa/inet.h>
+#include <nlohmann/json.hpp>
+
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace simulator {
+
+using nlohmann::json;
+
+template <std::size_t Size>
+void to_json(json& value, const Field<Size>& field) {
+    const json text = field.text();
+    try {
+        static_cast<void>(text.dump());
+        value = text;
+    } catch (const json::type_error&) { // not UTF-8
+        value = json::array();
+        for (const char byte : field.text()) {
+            value.push_back(static_cast<std::uint8_t>(byte));
+        }
+    }
+}
+
+template <std::size_t Size>
+void from_json(const json& value, Field<Size>& field) {
+    if (value.is_array()) {
+        const auto bytes = value.get<std::vector<std::uint8_t>>();
+        field.assign(std::string(bytes.begin(), bytes.end()).c_str());
+    } else {
+        field.assign(value.get<std::string>().c_str());
+    }
+}
+
+void to_json(json& value, const Ipv4& address) {
+    value = dotted(address);
+}
+
+void from_json(const json& value, Ipv4& address) {
+    in_addr number;
+    if (inet_pton(AF_INET, value.get<std::string>().c_str(), &number) != 1) {
+        throw std::runtime_error(value.dump() + " is no IPv4 address");
+    }
+    address.value = ntohl(number.s_addr);
+}
+
+void to_json(json& value, const Mac& mac) {
+    char text[18];
+    const auto& b = mac.bytes;
+    snprintf(text, sizeof text, "%02X:%02X:%02X:%02X:%02X:%02X", b[0], b[1], b[2], b[3], b[4],
+             b[5]);
+    value = text;
+}
+
+void from_json(const json& value, Mac& mac) {
+    auto& b = mac.bytes;
+    if (sscanf(value.get<std::string>().c_str(), "%2hhx:%2hhx:%2hhx:%2hhx:%2hhx:%2hhx", &b[0],
+               &b[1], &b[2], &b[3], &b[4], &b[5]) != 6) {
+        throw std::runtime_error(value.dump() + " is no MAC address");
+    }
+}
+
+template <typename Entry>
+void to_json(json& value, const PerPort<Entry>& ports) {
+    value = ports.entries;
+}
+
+template <typename Entry>
+void from_json(const json& value, PerPort<Entry>& ports) {
+    ports.entries = value.get<std::vector<Entry>>();
+}
+
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Eeprom, model_name, macsec_port_type, fiber_speed)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(System, mac, firmware_major, firmware_minor,
+                                                firmware_date, name, dhcp, address, mask, gateway,
+                                                dns)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Port, enabled, mode)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Ports, physical, logical, ports)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(State, eeprom, system, ports)
+
+namespace {
+
+// Whatever the file holds must be in the state that was made of it: this finds
+// misspelt members, numbers and texts that do not fit, and texts in another
+// form than the one that is stored.
+void require_same(const json& written, const json& held, const std::string& place) {
+    if (written.is_object() && held.is_object()) {
+        for (const auto& [name, value] : written.items()) {
+            if (!held.contains(name)) {
+                throw std::runtime_error(place + "/" + name + " is no member of the switch");
+            }
+            require_same(value, held[name], place + "/" + name);
+        }
+    } else if (written.is_array() && held.is_array() && written.size() == held.size()) {
+        for (std::size_t i = 0; i < written.size(); ++i) {
+            require_same(written[i], held[i], place + "/" + std::to_string(i));
+        }
+    } else if (written != held) {
+        throw std::runtime_error(place + ": " + written.dump() + " would be held as " +
+                                 held.dump());
+    }
+}
+
+struct StateFile {
+    std::string path;
+    std::string stored; // the state as it was loaded
+};
+
+StateFile& state_file() {
+    static StateFile file;
+    return file;
+}
+
+// Through a temporary file, so that a run that dies leaves the old one whole.
+void store_what_has_changed() {
+    const std::string text = to_json_text(state());
+    if (text == state_file().stored) {
+        return;
+    }
+    const std::string temporary = state_file().path + ".new";
+    std::ofstream file(temporary);
+    file << text << std::flush;
+    if (!file || rename(temporary.c_str(), state_file().path.c_str()) != 0) {
+        fprintf(stderr, "simulated switch: cannot store %s: %s\n", state_file().path.c_str(),
+                strerror(errno));
+    }
+}
+
+State read_state(const std::string& path) {
+    std::ifstream file(path);
+    if (!file && errno == ENOENT) {
+        return State();
+    }
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    if (!file) {
+        throw std::runtime_error(strerror(errno));
+    }
+    return from_json_text(text);
+}
+
+} // namespace
+
+std::string to_json_text(const State& state) {
+    return json(state).dump(2) + "\n";
+}
+
+State from_json_text(const std::string& text) {
+    const json written = json::parse(text);
+    const State state = written.get<State>();
+    require_same(written, json(state), "");
+    return state;
+}
+
+void load_stored_configuration() {
+    const char* path = std::getenv("SWITCH_SIMULATOR_STATE");
+    state_file().path = path != nullptr ? path : "/tmp/simulated_switch.json";
+    try {
+        state() = read_state(state_file().path);
+    } catch (const std::exception& fault) {
+        fprintf(stderr, "simulated switch: cannot load %s: %s\n", state_file().path.c_str(),
+                fault.what());
+        std::exit(1);
+    }
+    state_file().stored = to_json_text(state());
+    std::atexit(store_what_has_changed);
+}
+
+} // namespace simulator
