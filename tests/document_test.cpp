@@ -1,0 +1,79 @@
+// How values are read back from a document.
+
+#include "frame/document.h"
+
+#include "tests/support/switch_test.h"
+
+class Document : public SwitchTest {
+protected:
+    ~Document() override {
+        if (ini != nullptr) {
+            iniparser_freedict(ini);
+        }
+    }
+
+    bool load(const std::string& content) {
+        if (ini != nullptr) {
+            iniparser_freedict(ini);
+        }
+        write_file(path, content);
+        ini = load_document(path.c_str());
+        return ini != nullptr;
+    }
+
+    const std::string path = testing::TempDir() + "document_test.ini";
+    dictionary* ini = nullptr;
+};
+
+TEST_F(Document, Numbers) {
+    ASSERT_TRUE(load("[s]\nhex=0x1f\noctal=010\ntail=12abc\nnegative = -1 ;\nempty=\n"
+                     "quoted = \" 7\" ;\nword=abc\n[s:section]\n"));
+    const std::pair<const char*, int> expected[] = {
+        {"s:hex", 31},   {"S:OCTAL", 8}, {"s:tail", 12},  {"s:negative", -1}, {"s:empty", 0},
+        {"s:quoted", 7}, {"s:word", 0},  {"s:absent", 9}, {"s:section", 9},   {"s", 9}};
+    for (const auto& [entry, value] : expected) {
+        EXPECT_EQ(read_int(ini, entry, 9), value) << entry;
+    }
+}
+
+TEST_F(Document, Booleans) {
+    ASSERT_TRUE(load("[s]\na=yes\nb=True\nc=1x\nd=no\ne=\"False\"\nf=0\ng=2\nh=\n[s:section]\n"));
+    const std::pair<const char*, int> expected[] = {
+        {"s:a", 1}, {"s:b", 1}, {"s:c", 1}, {"s:d", 0},      {"s:e", 0},
+        {"s:f", 0}, {"s:g", 9}, {"s:h", 9}, {"s:absent", 9}, {"s:section", 9}};
+    for (const auto& [entry, value] : expected) {
+        EXPECT_EQ(read_boolean(ini, entry, 9), value) << entry;
+    }
+}
+
+TEST_F(Document, Texts) {
+    ASSERT_TRUE(load("[s]\na = \"one\" ; two\na = \"Two\" more\nlong = 123456789\n[s:section]\n"));
+    EXPECT_STREQ(read_text<8>(ini, "s:a").chars, "Two");
+    EXPECT_STREQ(read_text<8>(ini, "s:long").chars, "1234567");
+    EXPECT_STREQ(read_text<8>(ini, "s:section").chars, "");
+    EXPECT_STREQ(read_string(ini, "s:absent", "-1"), "-1");
+}
+
+TEST_F(Document, EntryNamesHoldTheLongestKey) {
+    EXPECT_STREQ(EntryName("snmp settings:snmp trap server community string%d", 255),
+                 "snmp settings:snmp trap server community string255");
+}
+
+TEST_F(Document, LineLength) {
+    const std::string line_of_1022 = "key=" + std::string(1018, 'x');
+    for (const char* end : {"\n", ""}) {
+        EXPECT_TRUE(load("[s]\n" + line_of_1022 + end));
+        EXPECT_EQ(strlen(read_string(ini, "s:key", "")), 1018U);
+        EXPECT_FALSE(load("[s]\n" + line_of_1022 + "x" + end));
+    }
+}
+
+TEST_F(Document, Size) {
+    const std::string comment(max_document_size - 1, '#');
+    std::string lines = comment;
+    for (std::size_t i = 1000; i < lines.size(); i += 1000) {
+        lines[i] = '\n';
+    }
+    EXPECT_TRUE(load(lines + "\n"));
+    EXPECT_FALSE(load(lines + "\n\n"));
+}

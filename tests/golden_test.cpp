@@ -1,0 +1,58 @@
+// The document of whole switches, byte for byte, and back again.
+
+#include "tests/support/switch_test.h"
+
+using simulator::reset;
+using simulator::state;
+
+class Golden : public SwitchTest {};
+
+TEST_F(Golden, FactorySwitch) {
+    EXPECT_EQ(backup(), read_file(TEST_DATA "/factory_switch.ini"));
+}
+
+// Ten ports without fibre speeds, and nothing configured that can be absent.
+TEST_F(Golden, OtherSwitch) {
+    reset(device_from("other_switch.json"));
+    EXPECT_EQ(backup(), read_file(TEST_DATA "/other_switch.ini"));
+}
+
+TEST_F(Golden, SwitchWithoutPorts) {
+    state().ports.physical = 0;
+    reset(state());
+    const std::string document = backup();
+    EXPECT_NE(document.find("\n[port settings]\n\n#"), std::string::npos);
+    EXPECT_EQ(check(document), "242\n"); // the speed keys do not go by the port count
+    restore(document);
+    for (const std::string& call : all_calls()) {
+        EXPECT_EQ(call.find("U_FlshPortGetEbl"), std::string::npos) << call;
+    }
+}
+
+TEST_F(Golden, OwnBackupPassesAndChangesNoPort) {
+    const std::string document = backup();
+    EXPECT_EQ(check(document), "");
+    EXPECT_EQ(restore(document),
+              (Calls{"U_FlshSysInfoSetName(\"Line 4 cabinet switch\")", "U_FlshSysSetDhcp(0)",
+                     "U_FlshSysSetIp(192.168.10.20, 255.255.255.0)",
+                     "U_FlshSysSetGateway(192.168.10.1)", "U_FlshSysSetDNSIp(1, 192.168.10.2)"}));
+    EXPECT_EQ(backup(), document);
+}
+
+TEST_F(Golden, RestoreOntoAnotherSwitchOfTheModel) {
+    const std::string document = backup();
+    state().system.name = "another";
+    state().system.dhcp = 1;
+    state().system.address = {0x0a000001};
+    state().system.mask = {0xff000000};
+    state().system.gateway = {0};
+    state().system.dns = {0};
+    state().eeprom.fiber_speed = {1, 1};
+    for (std::size_t port = 0; port < 8; ++port) {
+        state().ports.ports.at(port).enabled = 0;
+    }
+    EXPECT_NE(backup(), document);
+    EXPECT_EQ(check(document), "");
+    restore(document);
+    EXPECT_EQ(backup(), document);
+}

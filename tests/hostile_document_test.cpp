@@ -1,0 +1,98 @@
+// Documents that nobody should have written. Whatever they hold, every mode
+// comes to its end and check leaves the device alone.
+
+#include "frame/document.h"
+#include "frame/modes.h"
+#include "tests/support/switch_test.h"
+
+#include <filesystem>
+#include <sys/stat.h>
+
+class HostileDocument : public SwitchTest {
+protected:
+    const std::string good = backup();
+
+    void survive(const std::string& document) {
+        check(document);
+        write_file(restore_path, document);
+        testing::internal::CaptureStderr();
+        parse_config_ini_file(restore_path);
+        testing::internal::GetCapturedStderr();
+        EXPECT_NE(backup(), "");
+    }
+};
+
+TEST_F(HostileDocument, EveryKeyWithEveryOddValue) {
+    const std::string values[] = {"",
+                                  "\"\"",
+                                  "-1",
+                                  "255",
+                                  "-129",
+                                  "70000",
+                                  "99999999999",
+                                  "\"%s%n\"",
+                                  "\"\\\"",
+                                  "\"" + std::string(40, 'A') + "\"",
+                                  "\"" + std::string(900, '7') + "\"",
+                                  "0x",
+                                  "\xff\xfe"};
+    for (const Key& key : keys_of(good)) {
+        for (const std::string& value : values) {
+            survive(with(good, key.section, key.key, value));
+        }
+    }
+}
+
+TEST_F(HostileDocument, EveryKeyMissingOrASection) {
+    for (const Key& key : keys_of(good)) {
+        const std::string lacking = without(good, key.section, key.key);
+        survive(lacking);
+        const std::string as_section = lacking + "\n[" + key.section + ":" + key.key + "]\n";
+        EXPECT_EQ(check(as_section), check(lacking)) << "a section is read as a value";
+        EXPECT_EQ(restore(as_section), restore(lacking));
+    }
+}
+
+TEST_F(HostileDocument, BytesThatAreNoText) {
+    for (std::size_t at = 0; at < good.size(); at += 7) {
+        std::string document = good;
+        document[at] = '\0';
+        survive(document);
+        document[at] = '\xff';
+        survive(document);
+        survive(good.substr(0, at));
+    }
+}
+
+TEST_F(HostileDocument, TwentyThousandKeys) {
+    std::string document = good + "[junk]\n";
+    for (int i = 0; i < 20000; ++i) {
+        document += "k" + std::to_string(i) + "=1\n";
+    }
+    ASSERT_LT(document.size(), max_document_size);
+    EXPECT_EQ(check(document), "");
+}
+
+TEST_F(HostileDocument, NoRegularFile) {
+    const auto expect_refused = [] {
+        EXPECT_EQ(check_config_ini_file(restore_path), -1);
+        EXPECT_EQ(read_file(report_path), "211\n");
+        EXPECT_EQ(parse_config_ini_file(restore_path), -1);
+        std::filesystem::remove_all(restore_path);
+    };
+    expect_refused(); // missing
+    std::filesystem::create_directory(restore_path);
+    expect_refused();
+    std::filesystem::create_symlink("/dev/zero", restore_path);
+    expect_refused();
+    std::filesystem::create_symlink("/proc/self/mem", restore_path); // reading fails
+    expect_refused();
+    ASSERT_EQ(mkfifo(restore_path, 0600), 0);
+    expect_refused();
+}
+
+// An empty file is a document without keys: the first key is missed.
+TEST_F(HostileDocument, EmptyFile) {
+    EXPECT_EQ(check(""), "212\n");
+    EXPECT_EQ(restore("").front(), "U_FlshSysInfoSetName(\"\")");
+}

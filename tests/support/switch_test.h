@@ -1,0 +1,54 @@
+// What the tests of the drivers and sections share: a fresh simulated switch
+// for each test, the three modes run on it, and edits of documents.
+#pragma once
+
+#include "platform/simulator/gate.h"
+#include "platform/simulator/state.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+using Calls = std::vector<std::string>;
+
+// Starts from the factory switch, an empty journal and no files of other tests.
+class SwitchTest : public testing::Test {
+protected:
+    SwitchTest();
+};
+
+std::string read_file(const std::string& path);
+void write_file(const std::string& path, const std::string& content);
+
+simulator::State device_from(const std::string& json_file);
+
+// The document that backup writes.
+std::string backup();
+
+// Check's report for the document: "" when it passes. Fails the test when the
+// exit status does not go with the report or a call could change the device.
+std::string check(const std::string& document);
+
+// The calls of restore that may change the device.
+Calls restore(const std::string& document, std::uint32_t keep = 0);
+
+// The calls in the journal so far.
+Calls changes();
+Calls all_calls();
+
+// A document with one key of a section given another value, written as it
+// stands between "= " and " ;". A key that is not there is added.
+std::string with(const std::string& document, const std::string& section, const std::string& key,
+                 const std::string& value);
+std::string without(const std::string& document, const std::string& section,
+                    const std::string& key);
+std::string without_section(const std::string& document, const std::string& section);
+
+// Every key line of a document: its section and its key.
+struct Key {
+    std::string section;
+    std::string key;
+};
+std::vector<Key> keys_of(const std::string& document);
