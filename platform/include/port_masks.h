@@ -15,7 +15,7 @@
 extern "C" {
 #endif
 
-/* A set of logical ports: bit k of the first word is port k, 64 ports in all. */
+/* A set of logical ports: bit k of word w is port 32 w + k, 64 ports in all. */
 typedef struct {
     uint32_t ulMask[2];
 } TstLPortMask;

@@ -1,0 +1,79 @@
+/*
+ * The SNMP agent: its communities, its trap receivers, and its users of SNMP
+ * version 3 (RFC 3414).
+ *
+ * Tables are read by index from 0. Texts are in fields of 16 bytes
+ * (communities, user names) and 32 bytes (secrets); a text that fills its
+ * field has no terminator. Operations return 0 (USR_RET_OK) or a fault; a read
+ * that fails leaves its outputs as they were.
+ */
+#ifndef SWITCH_SNMP_H
+#define SWITCH_SNMP_H
+
+#include "platform/include/converters.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+unsigned short U_SnmpGetEbl(char* enabled);
+unsigned short U_SnmpSetEbl(char enabled);
+
+/* The stored protocol version, in the library's numbering. */
+unsigned short U_FlshSnmpGetVer(uint8_t* version);
+unsigned short U_FlshSnmpSetVer(int version);
+
+/* Communities: at most 15, deleted by their text. */
+unsigned short U_SnmpGetCommunitySize(uint16_t* count);
+unsigned short U_SnmpGetCommunityEntry(uint16_t index, uint8_t* permission, char* community);
+unsigned short U_SnmpInsCommunity(uint8_t permission, const char* community);
+unsigned short U_SnmpDelCommunity(const char* community);
+
+/* How receivers are notified; the stored mode. */
+enum { USR_SNMP_TRAP_MODE_TRAP = 0, USR_SNMP_TRAP_MODE_INFORM = 1 };
+unsigned short U_FlshSnmpGetMode(uint8_t* mode);
+unsigned short U_FlshSnmpSetMode(int mode);
+
+/*
+ * Receivers, at most 15, deleted by address and port. The table is shared by
+ * traps and informs; an entry's kind is chosen by how it is inserted.
+ */
+unsigned short U_SnmpGetTrapSize(uint16_t* count);
+unsigned short U_SnmpGetTrapIpv6Entry(uint16_t index, IP_ADDR_T* address, uint16_t* port,
+                                      char* community); /* running */
+unsigned short U_FlshSnmpGetTrapIpv6Entry(uint16_t index, IP_ADDR_T* address, uint16_t* port,
+                                          char* community); /* stored */
+unsigned short U_SnmpInsTrapIpv6(const IP_ADDR_T* address, uint16_t port, const char* community);
+unsigned short U_SnmpInsInformIpv6(const IP_ADDR_T* address, uint16_t port, const char* community);
+unsigned short U_SnmpDelTrapIpv6(const IP_ADDR_T* address, uint16_t port);
+
+/* Users of version 3. */
+enum { SNMP_USM_AUTH_NONE = 0, SNMP_USM_AUTH_MD5 = 1, SNMP_USM_AUTH_SHA = 2 };
+enum { SNMP_USM_PRIV_NONE = 0, SNMP_USM_PRIV_DES = 1 };
+unsigned short U_SnmpGetUsmSize(uint16_t* count);
+unsigned short U_FlshSnmpGetUsmEntry(uint16_t index, char* name, uint8_t* authentication,
+                                     char* password, uint8_t* privacy, char* privacy_key);
+unsigned short U_SnmpInsUsm(const char* name, uint8_t authentication, const char* password,
+                            uint8_t privacy, const char* privacy_key);
+
+/*
+ * Validators: nonzero when acceptable; of those that give a char the low 8
+ * bits count. The secrets are judged as the encrypted text of the document.
+ */
+int Usrsnmp_check_snmp_enable(int enabled);
+char Usrflsh_check_snmp_version(int version);
+int Usrsnmp_check_community_string(const char* community);
+int Usrsnmp_check_community_permission_type(int permission);
+char Usrflsh_check_snmp_trap_mode(int mode);
+int Usrsnmp_check_trap_server_ip(const char* address);
+int Usrsnmp_check_trap_server_port(int port);
+int Usrsnmp_check_trap_community_string(const char* community);
+char Usrflsh_check_snmpV3_userName(const char* name);
+char Usrflsh_check_snmpV3_authentication_password(const char* encrypted_text);
+char Usrflsh_check_snmpV3_encryption_key(const char* encrypted_text);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
