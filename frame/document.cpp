@@ -6,6 +6,7 @@
 
 #include <cassert>
 #include <cstdarg>
+#include <cstdlib>
 
 namespace {
 
@@ -70,6 +71,12 @@ EntryName::EntryName(const char* format, ...) {
 const char* read_string(const dictionary* ini, const char* entry, const char* fallback) {
     const char* value = iniparser_getstring(ini, entry, nullptr);
     return value != nullptr ? value : fallback;
+}
+
+// Like atoi on the usual machines, but the same on all of them, also where the
+// number does not fit: its low 32 bits.
+int decimal_value(const char* text) {
+    return static_cast<int>(static_cast<std::uint32_t>(strtoll(text, nullptr, 10)));
 }
 
 // The library's readers of numbers and booleans crash on an entry that is a

@@ -20,8 +20,8 @@
 #include <cstring>
 
 // A larger document is refused: reading takes the library a time that grows
-// with the square of the number of keys. A full document of 8 ports, its VLAN
-// lists at their longest, has less than 24 KiB.
+// with the square of the number of keys. A full document of 8 ports, every
+// table at its fullest, has less than 32 KiB.
 constexpr std::size_t max_document_size = 256 * 1024;
 
 // Parses the document. Null when it is anything but a regular file of at most
@@ -45,8 +45,14 @@ public:
     operator const char*() const { return text_; }
 
 private:
-    char text_[80]; // the longest name of the document has 58 characters
+    char text_[80]; // the longest name of the document has 50 characters
 };
+
+// Copies into a zeroed buffer; longer text is cut to its first Size - 1 characters.
+template <std::size_t Size>
+void copy_text(char (&buffer)[Size], const char* source) {
+    std::memcpy(buffer, source, strnlen(source, Size - 1));
+}
 
 // Text in a buffer of Size bytes: zero-filled, always terminated.
 template <std::size_t Size>
@@ -55,12 +61,17 @@ struct Text {
 
     Text() = default;
 
-    // Longer text is cut to its first Size - 1 characters.
-    explicit Text(const char* source) { std::memcpy(chars, source, strnlen(source, Size - 1)); }
+    explicit Text(const char* source) { copy_text(chars, source); }
 
     // The same bytes for device operations that take text as unsigned bytes.
     unsigned char* bytes() { return reinterpret_cast<unsigned char*>(chars); }
 };
+
+// For 32-bit values that are written with "%ld": as signed numbers on every
+// machine, the one form that every machine reads back to the same bits.
+constexpr long signed_32_bits(std::uint32_t value) {
+    return static_cast<std::int32_t>(value);
+}
 
 // The whole value. It belongs to the dictionary and lives as long.
 const char* read_string(const dictionary* ini, const char* entry, const char* fallback);
@@ -73,4 +84,14 @@ int read_boolean(const dictionary* ini, const char* entry, int fallback);
 template <std::size_t Size>
 Text<Size> read_text(const dictionary* ini, const char* entry) {
     return Text<Size>(read_string(ini, entry, ""));
+}
+
+// The decimal number at the start of a text, 0 when there is none: unlike in
+// read_int, 010 is 10 and 0x1f is 0.
+int decimal_value(const char* text);
+
+// The decimal number in the first Size - 1 characters; an absent key reads as 0.
+template <std::size_t Size>
+int read_decimal(const dictionary* ini, const char* entry) {
+    return decimal_value(read_text<Size>(ini, entry).chars);
 }

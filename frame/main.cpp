@@ -5,10 +5,10 @@
 //   switch-config check
 //   switch-config restore [KEEP]
 
+#include "frame/document.h"
 #include "frame/modes.h"
 #include "platform/include/start_up.h"
 
-#include <cstdlib>
 #include <strings.h>
 
 int main(int argc, char** argv) {
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
         return check_config_ini_file(restore_path);
     }
     if (strcasecmp(mode, "restore") == 0) {
-        gKeepConfig = argc == 3 ? static_cast<std::uint32_t>(atoi(argv[2])) : 0;
+        gKeepConfig = argc == 3 ? static_cast<std::uint32_t>(decimal_value(argv[2])) : 0;
         return parse_config_ini_file(restore_path);
     }
     return -1;

@@ -1,5 +1,10 @@
 #include "frame/section_order.h"
 
+#include "sections/security/accounts.h"
+#include "sections/security/auth_server.h"
+#include "sections/security/dot1x.h"
+#include "sections/security/static_sak.h"
+#include "sections/services/snmp.h"
 #include "sections/system/identity.h"
 #include "sections/system/ports.h"
 
@@ -21,8 +26,23 @@ constexpr Section system_settings{backup_ini_system_settings, check_ini_system_s
                                   restore_ini_system_settings, 0};
 constexpr Section network_settings{backup_ini_network_settings, check_ini_network_settings,
                                    restore_ini_network_settings, KEEP_CONFIG_NETWORK};
+constexpr Section password{backup_ini_password, check_ini_password, restore_ini_password,
+                           KEEP_CONFIG_PASSWORD};
 constexpr Section port_settings{backup_ini_port_settings, check_ini_port_settings,
                                 restore_ini_port_settings, 0};
+
+constexpr Section snmp_settings{backup_ini_snmp_settings, check_ini_snmp_settings,
+                                restore_ini_snmp_settings, 0};
+constexpr Section static_sak{backup_ini_static_sak, check_ini_static_sak, restore_ini_static_sak,
+                             0};
+constexpr Section dot1x_settings{backup_ini_dot1x_settings, check_ini_dot1x_settings,
+                                 restore_ini_dot1x_settings, 0};
+constexpr Section dot1x_parameter{backup_ini_dot1x_parameter, check_ini_dot1x_parameter,
+                                  restore_ini_dot1x_parameter, 0};
+constexpr Section dot1x_port{backup_ini_dot1x_port, check_ini_dot1x_port, restore_ini_dot1x_port,
+                             0};
+constexpr Section auth_server{backup_ini_authserver_settings, check_ini_authserver,
+                              restore_ini_authserver, 0};
 
 // A line of the document order: a banner, or a section.
 struct Place {
@@ -38,10 +58,23 @@ constexpr Place section(const Section& section) {
     return {nullptr, &section};
 }
 
+// clang-format off
 constexpr Place document_order[] = {
-    banner("Information"),    section(system_information), banner("Configuration"),
-    section(system_settings), section(network_settings),   section(port_settings),
-    banner("Diagnostics"),    banner("Security"),
+    banner("Information"),
+    section(system_information),
+    banner("Configuration"),
+    section(system_settings),
+    section(network_settings),
+    section(password),
+    section(port_settings),
+    banner("Diagnostics"),
+    section(snmp_settings),
+    banner("Security"),
+    section(static_sak),
+    section(dot1x_settings),
+    section(dot1x_parameter),
+    section(dot1x_port),
+    section(auth_server),
 };
 
 // Check and restore. The order decides which of several faults is reported.
@@ -49,8 +82,16 @@ constexpr const Section* apply_order[] = {
     &system_information,
     &system_settings,
     &network_settings,
+    &password,
     &port_settings,
+    &snmp_settings,
+    &static_sak,
+    &dot1x_settings,
+    &dot1x_parameter,
+    &dot1x_port,
+    &auth_server,
 };
+// clang-format on
 
 constexpr std::size_t places_in_document(const Section* section) {
     std::size_t count = 0;
@@ -60,9 +101,17 @@ constexpr std::size_t places_in_document(const Section* section) {
     return count;
 }
 
+constexpr std::size_t places_in_apply_order(const Section* section) {
+    std::size_t count = 0;
+    for (const Section* applied : apply_order) {
+        count += applied == section ? 1 : 0;
+    }
+    return count;
+}
+
 constexpr bool both_orders_hold_the_same_sections() {
     for (const Section* section : apply_order) {
-        if (places_in_document(section) != 1) {
+        if (places_in_document(section) != 1 || places_in_apply_order(section) != 1) {
             return false;
         }
     }

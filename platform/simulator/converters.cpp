@@ -9,6 +9,7 @@
 #include "platform/include/converters.h"
 
 #include "platform/simulator/gate.h"
+#include "platform/simulator/state.h"
 
 #include <arpa/inet.h>
 
@@ -23,10 +24,16 @@ namespace {
 constexpr uint16_t type_ipv4 = 0;
 constexpr uint16_t type_ipv6 = 1;
 
+void copy_terminated(char* text, const std::string& source) {
+    memcpy(text, source.c_str(), source.size() + 1);
+}
+
 constexpr int failed = -1;
 constexpr int not_hexadecimal = -2;
 
-int digit_value(char digit) {
+} // namespace
+
+int simulator::hex_digit(char digit) {
     if (isxdigit(static_cast<unsigned char>(digit)) == 0) {
         return -1;
     }
@@ -34,16 +41,43 @@ int digit_value(char digit) {
     return lower <= '9' ? lower - '0' : lower - 'a' + 10;
 }
 
-} // namespace
+std::string simulator::dotted(Ipv4 address) {
+    const in_addr number{htonl(address.value)};
+    char text[INET_ADDRSTRLEN];
+    return inet_ntop(AF_INET, &number, text, sizeof text);
+}
+
+std::string simulator::colon_separated(Mac mac) {
+    const auto& b = mac.bytes;
+    char text[18];
+    snprintf(text, sizeof text, "%02X:%02X:%02X:%02X:%02X:%02X", b[0], b[1], b[2], b[3], b[4],
+             b[5]);
+    return text;
+}
+
+std::string simulator::address_text(const ip_addr_t& address) {
+    char text[INET6_ADDRSTRLEN];
+    return inet_ntop(address.type == type_ipv6 ? AF_INET6 : AF_INET, address.addr.v6u8, text,
+                     sizeof text);
+}
+
+std::optional<ip_addr_t> simulator::address_from(const char* text) {
+    ip_addr_t address = {};
+    if (inet_pton(AF_INET, text, address.addr.v4u8) == 1) {
+        address.type = type_ipv4;
+        return address;
+    }
+    if (inet_pton(AF_INET6, text, address.addr.v6u8) == 1) {
+        address.type = type_ipv6;
+        return address;
+    }
+    return std::nullopt;
+}
 
 void ip_to_str(char* text, unsigned long address) {
+    const Ipv4 number{static_cast<uint32_t>(address)};
     reads(
-        "ip_to_str",
-        [&] {
-            const std::string address_text = dotted({static_cast<uint32_t>(address)});
-            memcpy(text, address_text.c_str(), address_text.size() + 1);
-        },
-        Ipv4{static_cast<uint32_t>(address)});
+        "ip_to_str", [&] { copy_terminated(text, dotted(number)); }, number);
 }
 
 int str_to_ip(unsigned long* address, const char* text) {
@@ -61,39 +95,29 @@ int str_to_ip(unsigned long* address, const char* text) {
 }
 
 int ipaddr_to_str(char* text, const ip_addr_t* address) {
-    return answers("ipaddr_to_str", failed, [&] {
-        if (address->type == type_ipv6) {
-            inet_ntop(AF_INET6, address->addr.v6u8, text, INET6_ADDRSTRLEN);
-        } else {
-            inet_ntop(AF_INET, address->addr.v4u8, text, INET_ADDRSTRLEN);
-        }
-        return 0;
-    });
+    return reads(
+        "ipaddr_to_str", [&] { copy_terminated(text, address_text(*address)); }, *address);
 }
 
 int str_to_ipaddr(ip_addr_t* address, const char* text) {
     return answers(
         "str_to_ipaddr", failed,
         [&] {
-            ip_addr_t read = {};
-            if (inet_pton(AF_INET, text, read.addr.v4u8) == 1) {
-                read.type = type_ipv4;
-            } else if (inet_pton(AF_INET6, text, read.addr.v6u8) == 1) {
-                read.type = type_ipv6;
-            } else {
+            const auto converted = address_from(text);
+            if (!converted) {
                 return failed;
             }
-            *address = read;
+            *address = *converted;
             return 0;
         },
         text);
 }
 
 void mac_to_str(char* text, const unsigned char* mac) {
-    reads("mac_to_str", [&] {
-        snprintf(text, 18, "%02X:%02X:%02X:%02X:%02X:%02X", mac[0], mac[1], mac[2], mac[3], mac[4],
-                 mac[5]);
-    });
+    Mac address;
+    memcpy(address.bytes.data(), mac, address.bytes.size());
+    reads(
+        "mac_to_str", [&] { copy_terminated(text, colon_separated(address)); }, address);
 }
 
 int str_to_mac(unsigned char* mac, const char* text) {
@@ -105,8 +129,8 @@ int str_to_mac(unsigned char* mac, const char* text) {
             }
             unsigned char read[6];
             for (int i = 0; i < 6; ++i) {
-                const int high = digit_value(text[3 * i]);
-                const int low = digit_value(text[3 * i + 1]);
+                const int high = hex_digit(text[3 * i]);
+                const int low = hex_digit(text[3 * i + 1]);
                 const char after = text[3 * i + 2];
                 const bool separated = i == 5 ? after == '\0' : after == ':' || after == '-';
                 if (high < 0 || low < 0 || !separated) {
@@ -131,8 +155,8 @@ int usrutil_hexStrToHexValue(const unsigned char* text, unsigned char* bytes, in
                 return not_hexadecimal;
             }
             for (int i = 0; i < length && 2 * i + 1 < count; ++i) {
-                bytes[i] = static_cast<unsigned char>(digit_value(digits[2 * i]) * 16 +
-                                                      digit_value(digits[2 * i + 1]));
+                bytes[i] = static_cast<unsigned char>(hex_digit(digits[2 * i]) * 16 +
+                                                      hex_digit(digits[2 * i + 1]));
             }
             return 0;
         },

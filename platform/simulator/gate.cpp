@@ -17,8 +17,14 @@ struct Failures {
     std::map<std::string, int> calls;
 };
 
-Failures& failures() {
-    static Failures failures;
+Failures parsed_failures(const std::string& names) {
+    Failures failures;
+    std::istringstream list(names);
+    for (std::string name; std::getline(list, name, ',');) {
+        const std::size_t colon = name.find(':');
+        failures.failing[name.substr(0, colon)] =
+            colon == std::string::npos ? every_call : std::atoi(name.c_str() + colon + 1);
+    }
     return failures;
 }
 
@@ -34,12 +40,9 @@ void trace(const std::string& line) {
     }
 }
 
-void read_environment_once() {
-    static const bool done = [] {
-        make_fail(environment("SWITCH_SIMULATOR_FAIL"));
-        return true;
-    }();
-    static_cast<void>(done);
+Failures& failures() {
+    static Failures failures = parsed_failures(environment("SWITCH_SIMULATOR_FAIL"));
+    return failures;
 }
 
 bool is_to_fail(const std::string& name) {
@@ -88,17 +91,10 @@ std::vector<Call>& journal() {
 }
 
 void make_fail(const std::string& names) {
-    failures() = {};
-    std::istringstream list(names);
-    for (std::string name; std::getline(list, name, ',');) {
-        const std::size_t colon = name.find(':');
-        failures().failing[name.substr(0, colon)] =
-            colon == std::string::npos ? every_call : std::atoi(name.c_str() + colon + 1);
-    }
+    failures() = parsed_failures(names);
 }
 
 bool enter(const std::string& name, Access access, const std::string& arguments) {
-    read_environment_once();
     const std::string line = name + "(" + arguments + ")";
     journal().push_back({line, access});
     trace(line);
@@ -123,6 +119,18 @@ std::string written(const TstPPortMask& mask) {
 
 std::string written(Ipv4 address) {
     return dotted(address);
+}
+
+std::string written(Mac mac) {
+    return colon_separated(mac);
+}
+
+std::string written(const ip_addr_t& address) {
+    return address_text(address);
+}
+
+std::string written(const Written& argument) {
+    return argument.text;
 }
 
 std::string written(char flag) {

@@ -11,6 +11,7 @@
 // outputs, and the switch, as they were.
 #pragma once
 
+#include "platform/include/converters.h"
 #include "platform/include/port_masks.h"
 #include "platform/simulator/state.h"
 
@@ -45,7 +46,15 @@ std::string written(const unsigned char* text);
 std::string written(const TstLPortMask& mask);
 std::string written(const TstPPortMask& mask);
 std::string written(Ipv4 address);
+std::string written(Mac mac);
+std::string written(const ip_addr_t& address);
 std::string written(char flag); // as a signed number on every machine
+
+// An argument that is written already, such as a record.
+struct Written {
+    std::string text;
+};
+std::string written(const Written& argument);
 
 template <typename Number, typename = std::enable_if_t<std::is_arithmetic_v<Number>>>
 std::string written(Number number) {

@@ -8,8 +8,8 @@
 
 using namespace simulator;
 
-PerPort<Port> simulator::factory_ports() {
-    PerPort<Port> ports;
+Indexed<Port> simulator::factory_ports() {
+    Indexed<Port> ports;
     ports.entries.resize(8);
     ports.entries[6].mode = LAN_PORT_MODE_FIBER;
     ports.entries[7].mode = LAN_PORT_MODE_FIBER;

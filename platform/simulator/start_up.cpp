@@ -5,8 +5,6 @@
 #include "platform/simulator/state.h"
 #include "platform/simulator/state_file.h"
 
-#include <arpa/inet.h>
-
 struct MSD_QD_DEV {
     int device;
 };
@@ -28,12 +26,6 @@ void set_port_counts() {
 State& state() {
     static State state;
     return state;
-}
-
-std::string dotted(Ipv4 address) {
-    const in_addr number{htonl(address.value)};
-    char text[INET_ADDRSTRLEN];
-    return inet_ntop(AF_INET, &number, text, sizeof text);
 }
 
 void reset(const State& new_state) {

@@ -4,9 +4,12 @@
 // A record lists its fields a second time for its JSON form, in state_file.cpp.
 #pragma once
 
+#include "platform/include/converters.h"
+
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -48,9 +51,23 @@ struct Mac {
     std::array<std::uint8_t, 6> bytes = {};
 };
 
-// One entry for each port that differs from the default, by port index.
+std::string colon_separated(Mac mac);
+
+// The text of an address record, and the record of a text if it is an address.
+std::string address_text(const ip_addr_t& address);
+std::optional<ip_addr_t> address_from(const char* text);
+
+// The value of a hexadecimal digit of either case, or -1.
+int hex_digit(char digit);
+
+// An IPv4 or IPv6 address.
+struct Address {
+    ip_addr_t record = {};
+};
+
+// Entries by the index of a port or slot. One beyond the last has the default.
 template <typename Entry>
-struct PerPort {
+struct Indexed {
     std::vector<Entry> entries;
 
     Entry get(std::size_t port) const { return port < entries.size() ? entries[port] : Entry(); }
@@ -88,18 +105,106 @@ struct Port {
 };
 
 // Six copper ports and two fibre ports.
-PerPort<Port> factory_ports();
+Indexed<Port> factory_ports();
 
 struct Ports {
     std::uint8_t physical = 8;
     std::uint8_t logical = 16;
-    PerPort<Port> ports = factory_ports();
+    Indexed<Port> ports = factory_ports();
+};
+
+struct Account {
+    bool empty = false; // a slot without an account
+    Field<32> name;
+    Field<32> password;
+    std::int32_t access_right = 0;
+};
+
+struct Accounts {
+    std::vector<Account> slots = {{false, "admin", "Admin-4711", 1},
+                                  {false, "operator", "turn the key", 0},
+                                  {true, "", "", 0},
+                                  {true, "", "", 0},
+                                  {false, "guest", "", 0}};
+    std::uint8_t minimum_length = 6;
+    std::uint8_t maximum_length = 31;
+};
+
+struct SnmpCommunity {
+    Field<16> community;
+    std::uint8_t permission = 1;
+};
+
+struct SnmpReceiver {
+    Address address;
+    std::uint16_t port = 162;
+    Field<16> community;
+};
+
+struct SnmpUser {
+    Field<16> name;
+    std::uint8_t authentication = 0;
+    Field<32> password;
+    std::uint8_t privacy = 0;
+    Field<32> privacy_key;
+};
+
+struct Snmp {
+    std::int8_t enabled = 1;
+    std::uint8_t version = 2;
+    std::vector<SnmpCommunity> communities = {{"public", 1}, {"private", 2}};
+    std::uint8_t trap_mode = 0;
+    std::vector<SnmpReceiver> receivers = {{{*address_from("192.168.10.50")}, 162, "public"},
+                                           {{*address_from("192.168.10.51")}, 1162, "traps"}};
+    std::vector<SnmpUser> users = {{"supervisor", 1, "authenticate me", 1, "and keep it private"}};
+};
+
+struct Dot1xPort {
+    std::uint8_t mode = 1; // pmt_ForceAuthorized
+};
+
+struct Dot1x {
+    std::int8_t enabled = 0;
+    Ipv4 server = {0xc0a80a3c};
+    std::uint16_t server_port = 1812;
+    std::uint16_t accounting_port = 1813;
+    Field<30> nas_identifier = "cabinet-4";
+    Field<30> shared_key = "radius shared secret";
+    std::uint16_t quiet_period = 60;
+    std::uint16_t tx_period = 15;
+    std::uint16_t supplicant_timeout = 30;
+    std::uint16_t server_timeout = 30;
+    std::uint8_t maximum_requests = 2;
+    std::uint32_t reauth_period = 3600;
+    Indexed<Dot1xPort> ports;
+};
+
+// Static keys of a fibre port.
+struct Macsec {
+    std::uint8_t status = 0;
+    Field<17> sci = "0200005e10200001";
+    Field<33> sak = "000102030405060708090a0b0c0d0e0f";
+};
+
+struct LoginServer {
+    std::uint8_t enabled = 0;
+    std::uint8_t kind = 0; // auth_RADIUS
+    Address address = {*address_from("192.168.10.61")};
+    std::uint16_t port = 1812;
+    Field<30> shared_key = "login shared secret";
+    std::uint8_t method = 2; // crypt_PAP
+    std::uint8_t timeout = 5;
 };
 
 struct State {
     Eeprom eeprom;
     System system;
+    Accounts accounts;
     Ports ports;
+    Snmp snmp;
+    std::array<Macsec, 2> macsec = {{{}, {1, "0200005e10200002", "short sak"}}};
+    Dot1x dot1x;
+    LoginServer login_server;
 };
 
 State& state();

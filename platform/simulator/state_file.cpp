@@ -52,11 +52,7 @@ void from_json(const json& value, Ipv4& address) {
 }
 
 void to_json(json& value, const Mac& mac) {
-    char text[18];
-    const auto& b = mac.bytes;
-    snprintf(text, sizeof text, "%02X:%02X:%02X:%02X:%02X:%02X", b[0], b[1], b[2], b[3], b[4],
-             b[5]);
-    value = text;
+    value = colon_separated(mac);
 }
 
 void from_json(const json& value, Mac& mac) {
@@ -67,13 +63,25 @@ void from_json(const json& value, Mac& mac) {
     }
 }
 
+void to_json(json& value, const Address& address) {
+    value = address_text(address.record);
+}
+
+void from_json(const json& value, Address& address) {
+    const auto record = address_from(value.get<std::string>().c_str());
+    if (!record) {
+        throw std::runtime_error(value.dump() + " is no IP address");
+    }
+    address.record = *record;
+}
+
 template <typename Entry>
-void to_json(json& value, const PerPort<Entry>& ports) {
+void to_json(json& value, const Indexed<Entry>& ports) {
     value = ports.entries;
 }
 
 template <typename Entry>
-void from_json(const json& value, PerPort<Entry>& ports) {
+void from_json(const json& value, Indexed<Entry>& ports) {
     ports.entries = value.get<std::vector<Entry>>();
 }
 
@@ -83,7 +91,25 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(System, mac, firmware_major, fir
                                                 dns)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Port, enabled, mode)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Ports, physical, logical, ports)
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(State, eeprom, system, ports)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Account, empty, name, password, access_right)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Accounts, slots, minimum_length, maximum_length)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(SnmpCommunity, community, permission)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(SnmpReceiver, address, port, community)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(SnmpUser, name, authentication, password, privacy,
+                                                privacy_key)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Snmp, enabled, version, communities, trap_mode,
+                                                receivers, users)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Dot1xPort, mode)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Dot1x, enabled, server, server_port,
+                                                accounting_port, nas_identifier, shared_key,
+                                                quiet_period, tx_period, supplicant_timeout,
+                                                server_timeout, maximum_requests, reauth_period,
+                                                ports)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Macsec, status, sci, sak)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(LoginServer, enabled, kind, address, port,
+                                                shared_key, method, timeout)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(State, eeprom, system, accounts, ports, snmp,
+                                                macsec, dot1x, login_server)
 
 namespace {
 

@@ -1,0 +1,84 @@
+// Names and passwords stand in the document in plain text. Their keys carry
+// the number of the account's slot, from 0, so that an empty slot leaves a gap.
+// Restore adds the accounts of the document to those of the device.
+
+#include "sections/security/accounts.h"
+
+#include "codec/secret_codec.h"
+#include "platform/include/accounts.h"
+
+namespace {
+
+constexpr std::uint8_t slots = 15;
+constexpr std::uint8_t text_size = 32; // of a name or password, terminator included
+
+using AccountName = Text<text_size>;
+using Password = Secret<text_size>;
+
+void write_account(FILE* ini_file, int slot, const account_t& account) {
+    account_err_t error = ACCOUNT_ERROR_NONE;
+    // One byte more than the library is told of, so that both are terminated.
+    Text<text_size + 1> name;
+    Secret<text_size + 1> password;
+    account_decryptUsername(&account, name.chars, text_size, &error);
+    account_decryptPassword(&account, password.chars, text_size, &error);
+    fprintf(ini_file, "%s%d = \"%s\" ;\n", "user name", slot, name.chars);
+    fprintf(ini_file, "%s%d = \"%s\" ;\n", "password", slot, password.chars);
+    fprintf(ini_file, "%s%d = \"%d\" ;\n", "access_right", slot, account.access_right);
+}
+
+} // namespace
+
+void backup_ini_password(FILE* ini_file) {
+    write_section_line(ini_file, "password");
+    for (std::uint8_t slot = 0; slot < slots; ++slot) {
+        account_t account = {};
+        account_err_t error = ACCOUNT_ERROR_NONE;
+        account_getFromFlash(slot, &account, &error);
+        if (error == ACCOUNT_ERROR_NONE) {
+            write_account(ini_file, slot, account);
+        }
+    }
+    std::uint8_t minimum = 0;
+    std::uint8_t maximum = 0;
+    usrflsh_getPSWD_minLen(&minimum);
+    usrflsh_getPSWD_maxLen(&maximum);
+    fprintf(ini_file, "%s = \"%d\" ;\n", "minimum_length", minimum);
+    fprintf(ini_file, "%s = \"%d\" ;\n", "maximum_length", maximum);
+}
+
+// Nothing in this section is a fault.
+int check_ini_password(const dictionary*, FILE*) {
+    return 0;
+}
+
+namespace {
+
+// A slot without keys adds an account with an empty name, which is removed again.
+void restore_account(const dictionary* ini, int slot) {
+    account_t account = {};
+    account_err_t error = ACCOUNT_ERROR_NONE;
+    const AccountName name = read_text<text_size>(ini, EntryName("password:user name%d", slot));
+    Password password;
+    copy_text(password.chars, read_string(ini, EntryName("password:password%d", slot), ""));
+
+    account_encryptUsername(&account, name.chars, text_size, &error);
+    account_encryptPassword(&account, password.chars, text_size, &error);
+    account.access_right = read_decimal<64>(ini, EntryName("password:access_right%d", slot));
+    account_addToFlash(&account, &error);
+
+    account_encryptUsername(&account, AccountName().chars, text_size, &error);
+    account_deleteFromFlash(&account, &error);
+}
+
+} // namespace
+
+void restore_ini_password(const dictionary* ini) {
+    for (int slot = 0; slot < slots; ++slot) {
+        restore_account(ini, slot);
+    }
+    usrflsh_setPSWD_minLen(
+        static_cast<std::uint8_t>(read_decimal<64>(ini, "password:minimum_length")));
+    usrflsh_setPSWD_maxLen(
+        static_cast<std::uint8_t>(read_decimal<64>(ini, "password:maximum_length")));
+}

@@ -1,0 +1,127 @@
+// Only these two ports have static keys; their numbers are part of the keys'
+// names, whatever the number of ports. SCI and SAK stand in the document as
+// encrypted hex text.
+
+#include "sections/security/static_sak.h"
+
+#include "codec/secret_codec.h"
+#include "frame/report.h"
+#include "platform/include/converters.h"
+#include "platform/include/macsec.h"
+#include "platform/include/return_codes.h"
+
+namespace {
+
+constexpr int macsec_ports[] = {7, 8};
+
+constexpr std::uint8_t device_port(int port) {
+    return static_cast<std::uint8_t>(port - 1);
+}
+
+const char* read_sci(const dictionary* ini, int port) {
+    return read_string(ini, EntryName("static sak:port %d sci", port), "");
+}
+
+const char* read_sak(const dictionary* ini, int port) {
+    return read_string(ini, EntryName("static sak:port %d sak", port), "");
+}
+
+int read_status(const dictionary* ini, int port) {
+    return read_int(ini, EntryName("static sak:port %d static sak status", port), 0);
+}
+
+void write_port(FILE* ini_file, int port) {
+    TstFlshMacsectEntry entry = {};
+    U_MacsecGetPortConf(device_port(port), &entry);
+
+    // A text that fills its field ends there.
+    Secret<sizeof entry.key.sci + 1> sci;
+    Secret<sizeof entry.key.sak + 1> sak;
+    memcpy(sci.chars, entry.key.sci, sizeof entry.key.sci);
+    memcpy(sak.chars, entry.key.sak, sizeof entry.key.sak);
+    explicit_bzero(&entry.key, sizeof entry.key);
+
+    Text<encrypted_size> encrypted_sci;
+    Text<encrypted_size> encrypted_sak;
+    encrypt_sci(sci.chars, encrypted_sci.chars);
+    encrypt_sak(sak.chars, encrypted_sak.chars);
+
+    fprintf(ini_file, "port %d static sak status = %d ;\n", port, entry.status);
+    fprintf(ini_file, "port %d sci = \"%s\" ;\n", port, encrypted_sci.chars);
+    fprintf(ini_file, "port %d sak = \"%s\" ;\n", port, encrypted_sak.chars);
+}
+
+} // namespace
+
+void backup_ini_static_sak(FILE* ini_file) {
+    write_section_line(ini_file, "static sak");
+    for (const int port : macsec_ports) {
+        write_port(ini_file, port);
+    }
+}
+
+namespace {
+
+constexpr int not_hexadecimal = -2;
+
+template <std::size_t Size>
+bool is_hexadecimal(const char* text, std::uint8_t (&bytes)[Size]) {
+    return usrutil_hexStrToHexValue(reinterpret_cast<const unsigned char*>(text), bytes, Size) !=
+           not_hexadecimal;
+}
+
+int check_port(const dictionary* ini, FILE* error_file, int port) {
+    MACSEC_PORT_KEY_VALUE_T value = {};
+
+    const int status = read_status(ini, port);
+    if (status != 0 && status != 1) {
+        return report_fault(error_file, USR_RET_INI_STATIC_SAK_STATUS_ERROR);
+    }
+    const char* sci = read_sci(ini, port);
+    if (strlen(sci) != 32) {
+        return report_fault(error_file, USR_RET_INI_STATIC_SAK_SCI_LENGTH_ERROR);
+    }
+    if (!is_hexadecimal(sci, value.sci)) {
+        return report_fault(error_file, USR_RET_INI_STATIC_SAK_KEY_ERROR);
+    }
+    const char* sak = read_sak(ini, port);
+    if (strlen(sak) != 32 && strlen(sak) != 64) {
+        return report_fault(error_file, USR_RET_INI_STATIC_SAK_SAK_LENGTH_ERROR);
+    }
+    if (!is_hexadecimal(sak, value.sak)) {
+        return report_fault(error_file, USR_RET_INI_STATIC_SAK_KEY_ERROR);
+    }
+    return 0;
+}
+
+// A missing text decodes like an empty one and is set all the same.
+void restore_port(const dictionary* ini, int port) {
+    const auto status = static_cast<std::uint8_t>(read_status(ini, port));
+    Secret<secret_size> sci;
+    Secret<secret_size> sak;
+    decrypt_sci(read_sci(ini, port), sci.chars);
+    decrypt_sak(read_sak(ini, port), sak.chars);
+
+    U_MacsecPortEnable(device_port(port), status);
+    U_MacsecSetKey(device_port(port), sci.chars, sak.chars);
+    U_MacsecSetPortEnable(device_port(port), status);
+}
+
+} // namespace
+
+int check_ini_static_sak(const dictionary* ini, FILE* error_file) {
+    for (const int port : macsec_ports) {
+        const int result = check_port(ini, error_file, port);
+        if (result != 0) {
+            return result;
+        }
+    }
+    return 0;
+}
+
+// Port 7 is applied before anything of port 8 is read.
+void restore_ini_static_sak(const dictionary* ini) {
+    for (const int port : macsec_ports) {
+        restore_port(ini, port);
+    }
+}

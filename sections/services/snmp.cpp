@@ -1,0 +1,417 @@
+// Numbered keys count from 1 and are grouped by kind: all community strings,
+// then all permission types, and so on. Backup writes as many as the device
+// reports; check and restore read the numbers 1 to 15, and 1 and 2 of the
+// users. Community strings stand in the document as they are, the secrets of
+// the users as encrypted hex text.
+
+#include "sections/services/snmp.h"
+
+#include "codec/secret_codec.h"
+#include "frame/report.h"
+#include "platform/include/return_codes.h"
+#include "platform/include/snmp.h"
+
+#include <netinet/in.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int max_communities = 15;
+constexpr int max_receivers = 15;
+constexpr int max_users = 2;
+
+// The device's texts may fill their fields: one byte more terminates them.
+using Community = Text<16 + 1>;
+using UserName = Text<16 + 1>;
+using UserSecret = Secret<32 + 1>;
+
+struct CommunityEntry {
+    Community community;
+    std::uint8_t permission = 0;
+};
+
+struct Receiver {
+    IP_ADDR_T address = {};
+    std::uint16_t port = 0;
+    Community community;
+};
+
+std::uint16_t community_count() {
+    std::uint16_t count = 0;
+    U_SnmpGetCommunitySize(&count);
+    return count;
+}
+
+CommunityEntry community_entry(std::uint16_t index) {
+    CommunityEntry entry;
+    U_SnmpGetCommunityEntry(index, &entry.permission, entry.community.chars);
+    return entry;
+}
+
+std::uint16_t receiver_count() {
+    std::uint16_t count = 0;
+    U_SnmpGetTrapSize(&count);
+    return count;
+}
+
+Receiver receiver_entry(std::uint16_t index) {
+    Receiver receiver;
+    U_SnmpGetTrapIpv6Entry(index, &receiver.address, &receiver.port, receiver.community.chars);
+    return receiver;
+}
+
+std::uint8_t stored_trap_mode() {
+    std::uint8_t mode = 0;
+    U_FlshSnmpGetMode(&mode);
+    return mode;
+}
+
+void ini_write_snmp_status(FILE* ini_file) {
+    char enabled = 0;
+    U_SnmpGetEbl(&enabled);
+    fprintf(ini_file, "snmp = %d ;\n", static_cast<std::int8_t>(enabled));
+}
+
+void ini_write_snmp_version(FILE* ini_file) {
+    std::uint8_t version = 1;
+    U_FlshSnmpGetVer(&version);
+    fprintf(ini_file, "snmp version = %d ;\n", version);
+}
+
+void ini_write_snmp_community_string(FILE* ini_file) {
+    const std::uint16_t count = community_count();
+    for (std::uint16_t i = 0; i < count; ++i) {
+        fprintf(ini_file, "snmp community string%d = \"%s\" ;\n", i + 1,
+                community_entry(i).community.chars);
+    }
+}
+
+void ini_write_snmp_community_permission_type(FILE* ini_file) {
+    const std::uint16_t count = community_count();
+    for (std::uint16_t i = 0; i < count; ++i) {
+        fprintf(ini_file, "snmp community permission type%d = %d ;\n", i + 1,
+                community_entry(i).permission);
+    }
+}
+
+void ini_write_snmp_trap_mode(FILE* ini_file) {
+    fprintf(ini_file, "snmp trap mode = %d ;\n", stored_trap_mode());
+}
+
+void ini_write_snmp_trap_server_ip(FILE* ini_file) {
+    const std::uint16_t count = receiver_count();
+    for (std::uint16_t i = 0; i < count; ++i) {
+        const Receiver receiver = receiver_entry(i);
+        Text<INET6_ADDRSTRLEN> address;
+        ipaddr_to_str(address.chars, &receiver.address);
+        fprintf(ini_file, "snmp trap server ip%d = \"%s\" ;\n", i + 1, address.chars);
+    }
+}
+
+void ini_write_snmp_trap_server_port(FILE* ini_file) {
+    const std::uint16_t count = receiver_count();
+    for (std::uint16_t i = 0; i < count; ++i) {
+        fprintf(ini_file, "snmp trap server port%d = %d ;\n", i + 1, receiver_entry(i).port);
+    }
+}
+
+void ini_write_snmp_trap_server_community_string(FILE* ini_file) {
+    const std::uint16_t count = receiver_count();
+    for (std::uint16_t i = 0; i < count; ++i) {
+        fprintf(ini_file, "snmp trap server community string%d = \"%s\" ;\n", i + 1,
+                receiver_entry(i).community.chars);
+    }
+}
+
+// The two protocols are not part of the document.
+void write_user(FILE* ini_file, std::uint16_t index) {
+    UserName name;
+    std::uint8_t authentication = 0;
+    UserSecret password;
+    std::uint8_t privacy = 0;
+    UserSecret privacy_key;
+    U_FlshSnmpGetUsmEntry(index, name.chars, &authentication, password.chars, &privacy,
+                          privacy_key.chars);
+
+    Text<encrypted_size> encrypted_password;
+    Text<encrypted_size> encrypted_key;
+    encrypt_snmp_key(password.chars, encrypted_password.chars);
+    encrypt_snmp_key(privacy_key.chars, encrypted_key.chars);
+
+    const int number = index + 1;
+    fprintf(ini_file, "snmp v3 user name%d = \"%s\" ;\n", number, name.chars);
+    fprintf(ini_file, "snmp v3 authentication password%d = \"%s\" ;\n", number,
+            encrypted_password.chars);
+    fprintf(ini_file, "snmp v3 encryption key%d = \"%s\" ;\n", number, encrypted_key.chars);
+}
+
+void ini_write_snmpv3(FILE* ini_file) {
+    std::uint16_t count = 0;
+    U_SnmpGetUsmSize(&count);
+    for (std::uint16_t i = 0; i < count; ++i) {
+        write_user(ini_file, i);
+    }
+}
+
+} // namespace
+
+void backup_ini_snmp_settings(FILE* ini_file) {
+    write_section_line(ini_file, "snmp settings");
+    ini_write_snmp_status(ini_file);
+    ini_write_snmp_version(ini_file);
+    ini_write_snmp_community_string(ini_file);
+    ini_write_snmp_community_permission_type(ini_file);
+    ini_write_snmp_trap_mode(ini_file);
+    ini_write_snmp_trap_server_ip(ini_file);
+    ini_write_snmp_trap_server_port(ini_file);
+    ini_write_snmp_trap_server_community_string(ini_file);
+    ini_write_snmpv3(ini_file);
+}
+
+namespace {
+
+// A text with the value "-1" counts as absent, as a number does.
+constexpr char absent[] = "-1";
+
+bool is_absent(const char* text) {
+    return strcmp(text, absent) == 0;
+}
+
+const char* read_numbered_string(const dictionary* ini, const char* name, int number) {
+    return read_string(ini, EntryName("snmp settings:%s%d", name, number), absent);
+}
+
+int read_numbered_int(const dictionary* ini, const char* name, int number) {
+    return read_int(ini, EntryName("snmp settings:%s%d", name, number), -1);
+}
+
+// A missing number is no fault in a table: the entries need not be consecutive.
+template <typename Validator>
+int check_strings(const dictionary* ini, FILE* error_file, const char* name, int count,
+                  Validator accepts, int invalid) {
+    for (int number = 1; number <= count; ++number) {
+        const char* text = read_numbered_string(ini, name, number);
+        if (!is_absent(text) && !accepts(text)) {
+            return report_fault(error_file, invalid);
+        }
+    }
+    return 0;
+}
+
+template <typename Validator>
+int check_numbers(const dictionary* ini, FILE* error_file, const char* name, int count,
+                  Validator accepts, int invalid) {
+    for (int number = 1; number <= count; ++number) {
+        const int value = read_numbered_int(ini, name, number);
+        if (value != -1 && !accepts(value)) {
+            return report_fault(error_file, invalid);
+        }
+    }
+    return 0;
+}
+
+int check_snmp_status(const dictionary* ini, FILE* error_file) {
+    return check_number(ini, error_file, "snmp settings:snmp",
+                        {USR_RET_ERR_SNMP_STATUS_NO_FOUND, USR_RET_ERR_SNMP_STATUS_VALUE_INVALID},
+                        Usrsnmp_check_snmp_enable);
+}
+
+int check_snmp_version(const dictionary* ini, FILE* error_file) {
+    return check_number(ini, error_file, "snmp settings:snmp version",
+                        {USR_RET_ERR_SNMP_VERSION_NO_FOUND, USR_RET_ERR_SNMP_VERSION_VALUE_INVALID},
+                        Usrflsh_check_snmp_version);
+}
+
+int check_snmp_community_string(const dictionary* ini, FILE* error_file) {
+    return check_strings(ini, error_file, "snmp community string", max_communities,
+                         Usrsnmp_check_community_string,
+                         USR_RET_ERR_SNMP_COMMUNITY_STRING_VALUE_INVALID);
+}
+
+int check_snmp_community_permission_type(const dictionary* ini, FILE* error_file) {
+    return check_numbers(ini, error_file, "snmp community permission type", max_communities,
+                         Usrsnmp_check_community_permission_type,
+                         USR_RET_ERR_SNMP_PERMISSION_TYPE_VALUE_INVALID);
+}
+
+int check_snmp_trap_mode(const dictionary* ini, FILE* error_file) {
+    return check_number(
+        ini, error_file, "snmp settings:snmp trap mode",
+        {USR_RET_ERR_SNMP_TRAP_MODE_NO_FOUND, USR_RET_ERR_SNMP_TRAP_MODE_VALUE_INVALID},
+        Usrflsh_check_snmp_trap_mode);
+}
+
+int check_snmp_trap_server_ip(const dictionary* ini, FILE* error_file) {
+    return check_strings(ini, error_file, "snmp trap server ip", max_receivers,
+                         Usrsnmp_check_trap_server_ip,
+                         USR_RET_ERR_SNMP_TRAP_SERVER_IP_VALUE_INVALID);
+}
+
+int check_snmp_trap_server_port(const dictionary* ini, FILE* error_file) {
+    return check_numbers(ini, error_file, "snmp trap server port", max_receivers,
+                         Usrsnmp_check_trap_server_port,
+                         USR_RET_ERR_SNMP_TRAP_SERVER_PORT_VALUE_INVALID);
+}
+
+int check_snmp_trap_server_community_string(const dictionary* ini, FILE* error_file) {
+    return check_strings(ini, error_file, "snmp trap server community string", max_receivers,
+                         Usrsnmp_check_trap_community_string,
+                         USR_RET_ERR_SNMP_TRAP_COMMUNITY_STRING_VALUE_INVALID);
+}
+
+int check_snmp_v3_userName(const dictionary* ini, FILE* error_file) {
+    return check_strings(ini, error_file, "snmp v3 user name", max_users,
+                         Usrflsh_check_snmpV3_userName,
+                         USR_RET_ERR_SNMP_V3_USER_NAME_VALUE_INVALID);
+}
+
+// The validators are given the secrets as the document holds them, encrypted.
+
+int check_snmp_v3_authenticationPassword(const dictionary* ini, FILE* error_file) {
+    return check_strings(ini, error_file, "snmp v3 authentication password", max_users,
+                         Usrflsh_check_snmpV3_authentication_password,
+                         USR_RET_ERR_SNMP_V3_AUTHENTICATION_PASSWORD_VALUE_INVALID);
+}
+
+int check_snmp_v3_encryptionKey(const dictionary* ini, FILE* error_file) {
+    return check_strings(ini, error_file, "snmp v3 encryption key", max_users,
+                         Usrflsh_check_snmpV3_encryption_key,
+                         USR_RET_ERR_SNMP_V3_ENCRYPTION_KEY_VALUE_INVALID);
+}
+
+} // namespace
+
+int check_ini_snmp_settings(const dictionary* ini, FILE* error_file) {
+    return run_check_steps({check_snmp_status, check_snmp_version, check_snmp_community_string,
+                            check_snmp_community_permission_type, check_snmp_trap_mode,
+                            check_snmp_trap_server_ip, check_snmp_trap_server_port,
+                            check_snmp_trap_server_community_string, check_snmp_v3_userName,
+                            check_snmp_v3_authenticationPassword, check_snmp_v3_encryptionKey},
+                           ini, error_file);
+}
+
+namespace {
+
+void restore_snmp_status(const dictionary* ini) {
+    U_SnmpSetEbl(static_cast<char>(read_int(ini, "snmp settings:snmp", 0)));
+}
+
+void restore_snmp_version(const dictionary* ini) {
+    U_FlshSnmpSetVer(read_int(ini, "snmp settings:snmp version", 1));
+}
+
+// Deleting moves the entries, so all are read before the first is deleted.
+void remove_all_snmp_community_stringAndPermissionType() {
+    CommunityEntry entries[max_communities];
+    const int count = std::min<int>(community_count(), max_communities);
+    for (int i = 0; i < count; ++i) {
+        entries[i] = community_entry(static_cast<std::uint16_t>(i));
+    }
+    for (int i = 0; i < count; ++i) {
+        U_SnmpDelCommunity(entries[i].community.chars);
+    }
+}
+
+// An entry of which either key is missing is skipped.
+void restore_snmp_community_stringAndPermissionType(const dictionary* ini) {
+    for (int number = 1; number <= max_communities; ++number) {
+        const char* community = read_numbered_string(ini, "snmp community string", number);
+        const int permission = read_numbered_int(ini, "snmp community permission type", number);
+        if (!is_absent(community) && permission != -1) {
+            U_SnmpInsCommunity(static_cast<std::uint8_t>(permission), community);
+        }
+    }
+}
+
+void insert_receiver(int trap_mode, const IP_ADDR_T& address, std::uint16_t port,
+                     const char* community) {
+    if (trap_mode == USR_SNMP_TRAP_MODE_TRAP) {
+        U_SnmpInsTrapIpv6(&address, port, community);
+    } else {
+        U_SnmpInsInformIpv6(&address, port, community);
+    }
+}
+
+// A change of the mode inserts each stored receiver anew, as one of the new kind.
+void restore_snmp_trap_mode(const dictionary* ini) {
+    const int mode = read_int(ini, "snmp settings:snmp trap mode", USR_SNMP_TRAP_MODE_INFORM);
+    if (mode == stored_trap_mode()) {
+        return;
+    }
+    U_FlshSnmpSetMode(mode);
+    const std::uint16_t count = receiver_count();
+    for (std::uint16_t i = 0; i < count; ++i) {
+        Receiver receiver;
+        U_FlshSnmpGetTrapIpv6Entry(i, &receiver.address, &receiver.port, receiver.community.chars);
+        U_SnmpDelTrapIpv6(&receiver.address, receiver.port);
+        insert_receiver(mode, receiver.address, receiver.port, receiver.community.chars);
+    }
+}
+
+// Whatever the trap mode did: the receivers that it has inserted go again.
+void remove_all_snmp_trap_serverIp_and_port_and_communityString() {
+    Receiver receivers[max_receivers];
+    const int count = std::min<int>(receiver_count(), max_receivers);
+    for (int i = 0; i < count; ++i) {
+        receivers[i] = receiver_entry(static_cast<std::uint16_t>(i));
+    }
+    for (int i = 0; i < count; ++i) {
+        U_SnmpDelTrapIpv6(&receivers[i].address, receivers[i].port);
+    }
+}
+
+// An entry of which any key is missing is skipped. An address that does not
+// convert is inserted as the zeroed record.
+void restore_snmp_trap_serverIp_and_port_and_communityString(const dictionary* ini) {
+    for (int number = 1; number <= max_receivers; ++number) {
+        const char* address_text = read_numbered_string(ini, "snmp trap server ip", number);
+        const int port = read_numbered_int(ini, "snmp trap server port", number);
+        const char* community =
+            read_numbered_string(ini, "snmp trap server community string", number);
+        if (!is_absent(address_text) && port != -1 && !is_absent(community)) {
+            IP_ADDR_T address = {};
+            str_to_ipaddr(&address, address_text);
+            insert_receiver(stored_trap_mode(), address, static_cast<std::uint16_t>(port),
+                            community);
+        }
+    }
+}
+
+// The protocols follow from which secrets there are.
+void insert_user(const char* name, const char* password, const char* privacy_key) {
+    const bool has_key = privacy_key[0] != '\0';
+    const bool has_either = password[0] != '\0' || has_key;
+    U_SnmpInsUsm(name, has_either ? SNMP_USM_AUTH_MD5 : SNMP_USM_AUTH_NONE, password,
+                 has_key ? SNMP_USM_PRIV_DES : SNMP_USM_PRIV_NONE, privacy_key);
+}
+
+// On top of the users that the device has.
+void restore_snmp_v3(const dictionary* ini) {
+    for (int number = 1; number <= max_users; ++number) {
+        const char* name = read_numbered_string(ini, "snmp v3 user name", number);
+        const char* password_text =
+            read_numbered_string(ini, "snmp v3 authentication password", number);
+        const char* key_text = read_numbered_string(ini, "snmp v3 encryption key", number);
+        if (!is_absent(name) && !is_absent(password_text) && !is_absent(key_text)) {
+            Secret<secret_size> password;
+            Secret<secret_size> privacy_key;
+            decrypt_snmp_key(password_text, password.chars);
+            decrypt_snmp_key(key_text, privacy_key.chars);
+            insert_user(name, password.chars, privacy_key.chars);
+        }
+    }
+}
+
+} // namespace
+
+void restore_ini_snmp_settings(const dictionary* ini) {
+    restore_snmp_status(ini);
+    restore_snmp_version(ini);
+    remove_all_snmp_community_stringAndPermissionType();
+    restore_snmp_community_stringAndPermissionType(ini);
+    restore_snmp_trap_mode(ini);
+    remove_all_snmp_trap_serverIp_and_port_and_communityString();
+    restore_snmp_trap_serverIp_and_port_and_communityString(ini);
+    restore_snmp_v3(ini);
+}
