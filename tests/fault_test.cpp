@@ -26,8 +26,22 @@ protected:
     }
 };
 
+// These tell how many keys or calls there are to be.
+const std::set<std::string> counts = {
+    "get_eeprom_macsec_port_type", "U_PortGetMode",     "account_getFromFlash",
+    "U_SnmpGetCommunitySize",      "U_SnmpGetTrapSize", "U_SnmpGetUsmSize",
+    "U_FlshSnmpGetMode",
+};
+
+std::size_t sections(const std::string& document) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = document.find("\n[", at)) != std::string::npos; ++at) {
+        ++count;
+    }
+    return count;
+}
+
 TEST_F(Fault, EveryOperation) {
-    const std::size_t keys = keys_of(good).size();
     const std::set<std::string> names = operations();
     EXPECT_GT(names.size(), 20U);
     for (const std::string& name : names) {
@@ -38,12 +52,18 @@ TEST_F(Fault, EveryOperation) {
             reset();
             make_fail(calls);
             const std::string document = backup();
-            // Without the port type or the port modes the speed keys are not written.
-            EXPECT_GE(keys_of(document).size(), keys - 2);
+            EXPECT_EQ(sections(document), sections(good));
+            if (counts.count(name) == 0) {
+                EXPECT_EQ(keys_of(document).size(), keys_of(good).size()) << "a key is left out";
+            }
             make_fail(calls);
             check(good);
             make_fail(calls);
-            EXPECT_GE(restore(good).size(), applied.size()) << "a call is left out";
+            if (counts.count(name) == 0) {
+                EXPECT_GE(restore(good).size(), applied.size()) << "a call is left out";
+            } else {
+                restore(good);
+            }
         }
     }
 }

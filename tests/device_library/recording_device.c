@@ -3,11 +3,17 @@
  * standard output. In C, so that the contract's headers are read by a C
  * compiler too. Every other operation is an empty stub.
  */
+#include "platform/include/accounts.h"
+#include "platform/include/aes.h"
 #include "platform/include/converters.h"
+#include "platform/include/dot1x.h"
 #include "platform/include/eeprom.h"
+#include "platform/include/login_server.h"
+#include "platform/include/macsec.h"
 #include "platform/include/port_masks.h"
 #include "platform/include/ports.h"
 #include "platform/include/return_codes.h"
+#include "platform/include/snmp.h"
 #include "platform/include/start_up.h"
 #include "platform/include/system.h"
 
@@ -16,6 +22,7 @@
 
 uint8_t g_ucMaxPhyPort;
 uint8_t g_ucMaxLogicPort;
+const uint8_t key[32] = {0};
 
 MSD_QD_DEV* init_umdev(int device) {
     printf("init_umdev(%d)\n", device);

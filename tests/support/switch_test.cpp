@@ -56,6 +56,16 @@ Calls restore(const std::string& document, std::uint32_t keep) {
     return changes();
 }
 
+Calls restore_calls(const std::string& document, const std::string& part) {
+    Calls calls;
+    for (const std::string& call : restore(document)) {
+        if (call.find(part) != std::string::npos) {
+            calls.push_back(call);
+        }
+    }
+    return calls;
+}
+
 Calls changes() {
     Calls calls;
     for (const simulator::Call& call : simulator::journal()) {
@@ -151,6 +161,11 @@ std::string without(const std::string& document, const std::string& section,
 
 std::string without_section(const std::string& document, const std::string& section) {
     return joined(edit_section(document, section, [](Lines&, const std::string&) {}));
+}
+
+std::string edited(const std::string& document, const Edit& edit) {
+    return edit.value == nullptr ? without(document, edit.section, edit.key)
+                                 : with(document, edit.section, edit.key, edit.value);
 }
 
 std::vector<Key> keys_of(const std::string& document) {

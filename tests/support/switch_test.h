@@ -46,6 +46,26 @@ std::string without(const std::string& document, const std::string& section,
                     const std::string& key);
 std::string without_section(const std::string& document, const std::string& section);
 
+// A document with one edit, and what check reports of it: "240\n", or "".
+struct Edit {
+    const char* section;
+    const char* key;
+    const char* value; // null removes the key
+    const char* report;
+};
+std::string edited(const std::string& document, const Edit& edit);
+
+template <std::size_t Count>
+void expect_reports(const std::string& good, const Edit (&edits)[Count]) {
+    for (const Edit& edit : edits) {
+        EXPECT_EQ(check(edited(good, edit)), edit.report)
+            << edit.section << ":" << edit.key << " = " << (edit.value ? edit.value : "(none)");
+    }
+}
+
+// The calls of restore that may change the device and have this in their text.
+Calls restore_calls(const std::string& document, const std::string& part);
+
 // Every key line of a document: its section and its key.
 struct Key {
     std::string section;
