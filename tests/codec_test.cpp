@@ -1,0 +1,170 @@
+// The codec against answers of an independent AES tool, for secrets at each
+// edge of a block. Those of the device key hold for the simulated switch's key.
+
+#include "codec/secret_codec.h"
+
+#include "platform/include/aes.h"
+#include "tests/support/switch_test.h"
+
+using simulator::make_fail;
+
+class Codec : public SwitchTest {};
+
+namespace {
+
+using Encrypt = void (*)(const char*, char (&)[encrypted_size]);
+using Decrypt = void (*)(const char*, char (&)[secret_size]);
+
+std::string encrypted(Encrypt encrypt, const std::string& secret) {
+    char text[encrypted_size];
+    memset(text, 'x', sizeof text);
+    encrypt(secret.c_str(), text);
+    return text;
+}
+
+std::string decrypted(Decrypt decrypt, const std::string& text) {
+    char secret[secret_size];
+    memset(secret, 'x', sizeof secret);
+    decrypt(text.c_str(), secret);
+    return secret;
+}
+
+const std::string letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJ";
+
+struct Answer {
+    std::size_t length;
+    const char* text;
+};
+
+template <std::size_t Count>
+void expect_answers(Encrypt encrypt, Decrypt decrypt, const Answer (&answers)[Count]) {
+    for (const Answer& answer : answers) {
+        const std::string secret = letters.substr(0, answer.length);
+        EXPECT_EQ(encrypted(encrypt, secret), answer.text) << answer.length;
+        EXPECT_EQ(decrypted(decrypt, answer.text), secret) << answer.length;
+    }
+}
+
+#define SAK_16 "a91dec026395cad530b8dba0862ee6fa"
+#define SNMP_16 "e796383ff5c35b7ab140f5c9cf74a6e9"
+#define DOT1X_15 "bd483aea8193c44ea02e20a0df08ba1d"
+constexpr char snmp_17[] = SNMP_16 "47f2b36e60a21de221617da9601ead1f";
+
+} // namespace
+
+// FIPS 197, appendix C.3.
+TEST_F(Codec, BlockCipher) {
+    uint8_t aes_key[32];
+    uint8_t block[16];
+    for (unsigned i = 0; i < sizeof aes_key; ++i) {
+        aes_key[i] = static_cast<uint8_t>(i);
+    }
+    for (unsigned i = 0; i < sizeof block; ++i) {
+        block[i] = static_cast<uint8_t>(i * 0x11);
+    }
+    const uint8_t cipher[] = {0x8e, 0xa2, 0xb7, 0xca, 0x51, 0x67, 0x45, 0xbf,
+                              0xea, 0xfc, 0x49, 0x90, 0x4b, 0x49, 0x60, 0x89};
+    AES_ctx context;
+    AES_init_ctx(&context, aes_key);
+    AES_ECB_encrypt(&context, block);
+    EXPECT_EQ(memcmp(block, cipher, sizeof block), 0);
+    AES_ECB_decrypt(&context, block);
+    EXPECT_EQ(block[15], 0xff);
+}
+
+TEST_F(Codec, Snmp) {
+    const Answer answers[] = {
+        {0, "a447ac18ef405a95e300443e68409d81"},
+        {1, "a8dcdf45aa78d24830b1d8011240ea69"},
+        {15, "4931f26278c4af1980e2fd30c8b96fbe"},
+        {16, SNMP_16},
+        {17, snmp_17},
+        {29, SNMP_16 "5e0ec721a6f60089c3ed15dcb1515f95"},
+        {31, SNMP_16 "51a4ec54ff0a7d6d039a52d6e830246a"},
+        {32, SNMP_16 "319906e0f0dc094f4b25ed4793133dd9"},
+    };
+    expect_answers(encrypt_snmp_key, decrypt_snmp_key, answers);
+    EXPECT_EQ(encrypted(encrypt_snmp_key, letters), answers[7].text); // cut to 32
+}
+
+TEST_F(Codec, Dot1x) {
+    const Answer answers[] = {
+        {0, "0286856e046126bf6450b25771b8e390"},
+        {1, "6f45f78a32b6b4c904de53fbc07d9fbf"},
+        {15, DOT1X_15},
+        {16, DOT1X_15 "2bf3b640ec6524eb79d27c045b46817a"},
+        {17, DOT1X_15 "398ac3eed0ff4b79eeca8ca647db53e9"},
+        {29, DOT1X_15 "3d150761560af5695d383a80ad0ca862"},
+        {30, DOT1X_15 "0fcec5ea4ed4b2c607195a5e8246cb89"},
+    };
+    expect_answers(encrypt_dot1x_key, decrypt_dot1x_key, answers);
+    EXPECT_EQ(encrypted(encrypt_dot1x_key, letters), answers[6].text); // cut to 30
+}
+
+TEST_F(Codec, StaticSak) {
+    const Answer answers[] = {
+        {0, "0286856e046126bf6450b25771b8e390"},
+        {1, "6f45f78a32b6b4c904de53fbc07d9fbf"},
+        {15, DOT1X_15}, // the same block under the same key
+        {16, SAK_16},
+        {17, SAK_16 "9c71438e030071220be565016f9c41a4"},
+        {29, SAK_16 "2c05d5e017193dff29aef2b63d872fb4"},
+        {31, SAK_16 "63dc9fe1c9c15518d846acf2ce4d30be"},
+        {32, SAK_16 "54e25b20c1529dfe4e463ad73e36ad3a"},
+    };
+    expect_answers(encrypt_sak, decrypt_sak, answers);
+    EXPECT_EQ(encrypted(encrypt_sci, letters), SAK_16); // always one block
+    EXPECT_EQ(decrypted(decrypt_sci, answers[7].text), letters.substr(0, 16));
+}
+
+// Only 64 digits are two blocks, but for the SAK, where more than 32 are.
+TEST_F(Codec, NumberOfDigits) {
+    const std::string two_blocks = snmp_17;
+    const std::string first = letters.substr(0, 16);
+    EXPECT_EQ(decrypted(decrypt_snmp_key, two_blocks.substr(0, 48)), first);
+    EXPECT_EQ(decrypted(decrypt_snmp_key, two_blocks + "000000"), first);
+    const std::string sak = encrypted(encrypt_sak, letters.substr(0, 17));
+    EXPECT_EQ(decrypted(decrypt_sak, sak + "000000"), letters.substr(0, 17));
+    EXPECT_EQ(decrypted(decrypt_sak, sak.substr(0, 48)).substr(0, 16), first);
+}
+
+// A short first block leaves the second block of a SAK where it is.
+TEST_F(Codec, PlaceOfTheSecondBlock) {
+    const std::string one = encrypted(encrypt_sak, "a");
+    char sak[secret_size];
+    decrypt_sak((one + one).c_str(), sak);
+    EXPECT_EQ(std::string(sak, 17), "a" + std::string(15, '\0') + "a");
+    const std::string dot1x = encrypted(encrypt_dot1x_key, "a");
+    EXPECT_EQ(decrypted(decrypt_dot1x_key, dot1x + dot1x), "aa");
+}
+
+TEST_F(Codec, OddTexts) {
+    std::string upper = snmp_17;
+    for (char& digit : upper) {
+        digit = static_cast<char>(toupper(digit));
+    }
+    EXPECT_EQ(decrypted(decrypt_snmp_key, upper), letters.substr(0, 17));
+
+    // An empty text is a block of zeros, and so is one without digits; what
+    // they decode to is no empty secret.
+    const std::string zeros = decrypted(decrypt_snmp_key, std::string(32, '0'));
+    EXPECT_NE(zeros, "");
+    EXPECT_EQ(decrypted(decrypt_snmp_key, ""), zeros);
+    EXPECT_EQ(decrypted(decrypt_snmp_key, "no digits"), zeros);
+    EXPECT_EQ(decrypted(decrypt_snmp_key, "0"), zeros); // an odd digit
+
+    // Another key gives other text, never more than its room.
+    for (const Decrypt decrypt : {decrypt_snmp_key, decrypt_dot1x_key, decrypt_sak}) {
+        EXPECT_LE(decrypted(decrypt, std::string(70, 'f')).size(), 32U);
+    }
+    EXPECT_NE(decrypted(decrypt_dot1x_key, snmp_17), letters.substr(0, 17));
+}
+
+TEST_F(Codec, FailingPrimitivesLeaveTerminatedTexts) {
+    for (const char* name :
+         {"_pkcs7pad", "AES_init_ctx", "AES_ECB_encrypt", "AES_ECB_decrypt", "hexstr_to_byte"}) {
+        make_fail(name);
+        EXPECT_EQ(encrypted(encrypt_sak, letters).size(), 64U) << name;
+        EXPECT_LE(decrypted(decrypt_sak, snmp_17).size(), 32U) << name;
+    }
+}
