@@ -22,8 +22,7 @@ protected:
     }
 };
 
-TEST_F(HostileDocument, EveryKeyWithEveryOddValue) {
-    const std::string values[] = {"",
+const std::string odd_values[] = {"",
                                   "\"\"",
                                   "-1",
                                   "255",
@@ -36,25 +35,30 @@ TEST_F(HostileDocument, EveryKeyWithEveryOddValue) {
                                   "\"" + std::string(900, '7') + "\"",
                                   "0x",
                                   "\xff\xfe"};
-    for (const Key& key : keys_of(good)) {
-        for (const std::string& value : values) {
-            survive(with(good, key.section, key.key, value));
+
+TEST_F(HostileDocument, EveryKeyWithEveryOddValue) {
+    for (const std::string& value : odd_values) {
+        std::string every_key = good;
+        for (const Key& key : keys_of(good)) {
+            check(with(good, key.section, key.key, value));
+            every_key = with(every_key, key.section, key.key, value);
         }
+        survive(every_key);
     }
 }
 
 TEST_F(HostileDocument, EveryKeyMissingOrASection) {
     for (const Key& key : keys_of(good)) {
         const std::string lacking = without(good, key.section, key.key);
-        survive(lacking);
         const std::string as_section = lacking + "\n[" + key.section + ":" + key.key + "]\n";
         EXPECT_EQ(check(as_section), check(lacking)) << "a section is read as a value";
-        EXPECT_EQ(restore(as_section), restore(lacking));
+        const Calls lacking_applied = (simulator::reset(), restore(lacking));
+        EXPECT_EQ((simulator::reset(), restore(as_section)), lacking_applied);
     }
 }
 
 TEST_F(HostileDocument, BytesThatAreNoText) {
-    for (std::size_t at = 0; at < good.size(); at += 7) {
+    for (std::size_t at = 0; at < good.size(); at += good.size() / 150) {
         std::string document = good;
         document[at] = '\0';
         survive(document);
