@@ -13,23 +13,11 @@
 // stands for a block of zeros, whose decryption is not an empty secret.
 #pragma once
 
-#include <cstddef>
-#include <strings.h>
+#include "codec/secret.h"
 
 // Buffers: of a text of two blocks, and of the longest secret.
 constexpr std::size_t encrypted_size = 2 * 32 + 1;
 constexpr std::size_t secret_size = 2 * 16 + 1;
-
-// A zero-filled buffer for a secret in plain text, wiped when it goes.
-template <std::size_t Size>
-struct Secret {
-    char chars[Size] = {};
-
-    Secret() = default;
-    Secret(const Secret&) = delete;
-    Secret& operator=(const Secret&) = delete;
-    ~Secret() { explicit_bzero(chars, sizeof chars); }
-};
 
 // SNMP version 3: the tool's own key, 16 characters a block, 32 at most. Only a
 // text of exactly 64 digits has a second block, and its characters follow
@@ -38,7 +26,7 @@ void encrypt_snmp_key(const char* acKey, char (&acKey_encrypt)[encrypted_size]);
 void decrypt_snmp_key(const char* temp_str, char (&key_decrypt)[secret_size]);
 
 // IEEE 802.1X: the device key, 15 characters a block, so that every block ends
-// in padding; 30 at most. Decoded like SNMP.
+// in padding; the device allows 29 characters, and 30 fit. Decoded like SNMP.
 void encrypt_dot1x_key(const char* acKey, char (&acKey_encrypt)[encrypted_size]);
 void decrypt_dot1x_key(const char* temp_str, char (&key_decrypt)[secret_size]);
 

@@ -73,10 +73,15 @@ const char* read_string(const dictionary* ini, const char* entry, const char* fa
     return value != nullptr ? value : fallback;
 }
 
-// Like atoi on the usual machines, but the same on all of them, also where the
-// number does not fit: its low 32 bits.
+// The reading of atoi, but the same on every machine where it leaves off: a
+// number from 2^31 to 2^32 - 1 gives its 32 bits, a larger one 32 one bits, a
+// smaller one than -2^31 the least number.
 int decimal_value(const char* text) {
-    return static_cast<int>(static_cast<std::uint32_t>(strtoll(text, nullptr, 10)));
+    const long long number = strtoll(text, nullptr, 10);
+    if (number < INT32_MIN) {
+        return INT32_MIN;
+    }
+    return static_cast<int>(static_cast<std::uint32_t>(number > UINT32_MAX ? UINT32_MAX : number));
 }
 
 // The library's readers of numbers and booleans crash on an entry that is a

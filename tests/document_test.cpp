@@ -36,6 +36,22 @@ TEST_F(Document, Numbers) {
     }
 }
 
+TEST_F(Document, DecimalNumbers) {
+    const std::pair<const char*, int> expected[] = {{" +12abc", 12},
+                                                    {"010", 10},
+                                                    {"0x1f", 0},
+                                                    {"", 0},
+                                                    {"-2147483648", INT32_MIN},
+                                                    {"3232238080", -1062729216},
+                                                    {"4294967295", -1},
+                                                    {"4294967298", -1},
+                                                    {"99999999999999999999", -1},
+                                                    {"-99999999999", INT32_MIN}};
+    for (const auto& [text, value] : expected) {
+        EXPECT_EQ(decimal_value(text), value) << text;
+    }
+}
+
 TEST_F(Document, Booleans) {
     ASSERT_TRUE(load("[s]\na=yes\nb=True\nc=1x\nd=no\ne=\"False\"\nf=0\ng=2\nh=\n[s:section]\n"));
     const std::pair<const char*, int> expected[] = {

@@ -19,7 +19,10 @@ typedef struct AES_ctx {
 
 static_assert(sizeof(AES_ctx) == 256, "the key schedule and the initialisation vector");
 
-/* The device key, 32 bytes. Documents of devices with another one cannot be read. */
+/*
+ * The device key, 32 bytes. The 802.1X and MACsec secrets of a document decode to
+ * other bytes on a device with another one.
+ */
 extern const uint8_t key[32];
 
 /* Expands a key of 32 bytes. */

@@ -4,7 +4,7 @@
 
 #include "sections/security/accounts.h"
 
-#include "codec/secret_codec.h"
+#include "codec/secret.h"
 #include "platform/include/accounts.h"
 
 namespace {
@@ -32,11 +32,11 @@ void write_account(FILE* ini_file, int slot, const account_t& account) {
 void backup_ini_password(FILE* ini_file) {
     write_section_line(ini_file, "password");
     for (std::uint8_t slot = 0; slot < slots; ++slot) {
-        account_t account = {};
+        SecretRecord<account_t> account;
         account_err_t error = ACCOUNT_ERROR_NONE;
-        account_getFromFlash(slot, &account, &error);
+        account_getFromFlash(slot, &account.value, &error);
         if (error == ACCOUNT_ERROR_NONE) {
-            write_account(ini_file, slot, account);
+            write_account(ini_file, slot, account.value);
         }
     }
     std::uint8_t minimum = 0;
@@ -56,7 +56,8 @@ namespace {
 
 // A slot without keys adds an account with an empty name, which is removed again.
 void restore_account(const dictionary* ini, int slot) {
-    account_t account = {};
+    SecretRecord<account_t> record;
+    account_t& account = record.value;
     account_err_t error = ACCOUNT_ERROR_NONE;
     const AccountName name = read_text<text_size>(ini, EntryName("password:user name%d", slot));
     Password password;

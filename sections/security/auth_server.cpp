@@ -3,7 +3,7 @@
 
 #include "sections/security/auth_server.h"
 
-#include "codec/secret_codec.h"
+#include "codec/secret.h"
 #include "frame/report.h"
 #include "platform/include/login_server.h"
 #include "platform/include/return_codes.h"
@@ -58,10 +58,17 @@ void switch_off() {
     U_LoginAuthSrvSetEbl(0, kind, apply);
 }
 
+constexpr char address_entry[] = "auth server setting:server Ip/Name";
+
+// The beginning of an IPv6 address may be another host's.
+bool is_cut_ipv6_address(const char* text) {
+    return strlen(text) >= INET_ADDRSTRLEN && strchr(text, ':') != nullptr;
+}
+
 // An address that does not convert leaves everything as it is, the switch included.
 void switch_on(const dictionary* ini) {
     const int kind = read_decimal<32>(ini, "auth server setting:server type");
-    const auto address_text = read_text<INET_ADDRSTRLEN>(ini, "auth server setting:server Ip/Name");
+    const auto address_text = read_text<INET_ADDRSTRLEN>(ini, address_entry);
     const int port = read_decimal<32>(ini, "auth server setting:server port");
     Secret<shared_key_size> shared_key;
     copy_text(shared_key.chars, read_string(ini, "auth server setting:shared key", ""));
@@ -69,7 +76,8 @@ void switch_on(const dictionary* ini) {
     const int timeout = read_decimal<32>(ini, "auth server setting:server timeout");
 
     IP_ADDR_T address = {};
-    if (str_to_ipaddr(&address, address_text.chars) != 0) {
+    if (is_cut_ipv6_address(read_string(ini, address_entry, "")) ||
+        str_to_ipaddr(&address, address_text.chars) != 0) {
         return;
     }
     U_LoginAuthSrvSetEbl(1, static_cast<std::uint8_t>(kind), apply);

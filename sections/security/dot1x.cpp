@@ -148,7 +148,8 @@ int check_ini_dot1x_settings(const dictionary* ini, FILE* error_file) {
                : check_unchanged(document, error_file);
 }
 
-// What does not convert is applied as 0, or as the empty text decodes.
+// What does not convert is applied as 0, and a missing shared key as what the
+// empty text decodes to.
 void restore_ini_dot1x_settings(const dictionary* ini) {
     U_Dot1xSetEbl(static_cast<char>(read_boolean(ini, "802.1x setting:802.1x", 0)));
 

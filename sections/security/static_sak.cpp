@@ -31,7 +31,8 @@ int read_status(const dictionary* ini, int port) {
 }
 
 void write_port(FILE* ini_file, int port) {
-    TstFlshMacsectEntry entry = {};
+    SecretRecord<TstFlshMacsectEntry> record;
+    TstFlshMacsectEntry& entry = record.value;
     U_MacsecGetPortConf(device_port(port), &entry);
 
     // A text that fills its field ends there.
@@ -39,7 +40,6 @@ void write_port(FILE* ini_file, int port) {
     Secret<sizeof entry.key.sak + 1> sak;
     memcpy(sci.chars, entry.key.sci, sizeof entry.key.sci);
     memcpy(sak.chars, entry.key.sak, sizeof entry.key.sak);
-    explicit_bzero(&entry.key, sizeof entry.key);
 
     Text<encrypted_size> encrypted_sci;
     Text<encrypted_size> encrypted_sak;

@@ -22,7 +22,7 @@ constexpr int max_receivers = 15;
 constexpr int max_users = 2;
 
 // The device's texts may fill their fields: one byte more terminates them.
-using Community = Text<16 + 1>;
+using Community = Secret<16 + 1>;
 using UserName = Text<16 + 1>;
 using UserSecret = Secret<32 + 1>;
 
@@ -43,10 +43,8 @@ std::uint16_t community_count() {
     return count;
 }
 
-CommunityEntry community_entry(std::uint16_t index) {
-    CommunityEntry entry;
+void read_entry(std::uint16_t index, CommunityEntry& entry) {
     U_SnmpGetCommunityEntry(index, &entry.permission, entry.community.chars);
-    return entry;
 }
 
 std::uint16_t receiver_count() {
@@ -55,10 +53,8 @@ std::uint16_t receiver_count() {
     return count;
 }
 
-Receiver receiver_entry(std::uint16_t index) {
-    Receiver receiver;
+void read_entry(std::uint16_t index, Receiver& receiver) {
     U_SnmpGetTrapIpv6Entry(index, &receiver.address, &receiver.port, receiver.community.chars);
-    return receiver;
 }
 
 std::uint8_t stored_trap_mode() {
@@ -82,16 +78,18 @@ void ini_write_snmp_version(FILE* ini_file) {
 void ini_write_snmp_community_string(FILE* ini_file) {
     const std::uint16_t count = community_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        fprintf(ini_file, "snmp community string%d = \"%s\" ;\n", i + 1,
-                community_entry(i).community.chars);
+        CommunityEntry entry;
+        read_entry(i, entry);
+        fprintf(ini_file, "snmp community string%d = \"%s\" ;\n", i + 1, entry.community.chars);
     }
 }
 
 void ini_write_snmp_community_permission_type(FILE* ini_file) {
     const std::uint16_t count = community_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        fprintf(ini_file, "snmp community permission type%d = %d ;\n", i + 1,
-                community_entry(i).permission);
+        CommunityEntry entry;
+        read_entry(i, entry);
+        fprintf(ini_file, "snmp community permission type%d = %d ;\n", i + 1, entry.permission);
     }
 }
 
@@ -102,7 +100,8 @@ void ini_write_snmp_trap_mode(FILE* ini_file) {
 void ini_write_snmp_trap_server_ip(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        const Receiver receiver = receiver_entry(i);
+        Receiver receiver;
+        read_entry(i, receiver);
         Text<INET6_ADDRSTRLEN> address;
         ipaddr_to_str(address.chars, &receiver.address);
         fprintf(ini_file, "snmp trap server ip%d = \"%s\" ;\n", i + 1, address.chars);
@@ -112,15 +111,19 @@ void ini_write_snmp_trap_server_ip(FILE* ini_file) {
 void ini_write_snmp_trap_server_port(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        fprintf(ini_file, "snmp trap server port%d = %d ;\n", i + 1, receiver_entry(i).port);
+        Receiver receiver;
+        read_entry(i, receiver);
+        fprintf(ini_file, "snmp trap server port%d = %d ;\n", i + 1, receiver.port);
     }
 }
 
 void ini_write_snmp_trap_server_community_string(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
+        Receiver receiver;
+        read_entry(i, receiver);
         fprintf(ini_file, "snmp trap server community string%d = \"%s\" ;\n", i + 1,
-                receiver_entry(i).community.chars);
+                receiver.community.chars);
     }
 }
 
@@ -306,7 +309,7 @@ void remove_all_snmp_community_stringAndPermissionType() {
     CommunityEntry entries[max_communities];
     const int count = std::min<int>(community_count(), max_communities);
     for (int i = 0; i < count; ++i) {
-        entries[i] = community_entry(static_cast<std::uint16_t>(i));
+        read_entry(static_cast<std::uint16_t>(i), entries[i]);
     }
     for (int i = 0; i < count; ++i) {
         U_SnmpDelCommunity(entries[i].community.chars);
@@ -316,10 +319,11 @@ void remove_all_snmp_community_stringAndPermissionType() {
 // An entry of which either key is missing is skipped.
 void restore_snmp_community_stringAndPermissionType(const dictionary* ini) {
     for (int number = 1; number <= max_communities; ++number) {
-        const char* community = read_numbered_string(ini, "snmp community string", number);
+        Community community;
+        copy_text(community.chars, read_numbered_string(ini, "snmp community string", number));
         const int permission = read_numbered_int(ini, "snmp community permission type", number);
-        if (!is_absent(community) && permission != -1) {
-            U_SnmpInsCommunity(static_cast<std::uint8_t>(permission), community);
+        if (!is_absent(community.chars) && permission != -1) {
+            U_SnmpInsCommunity(static_cast<std::uint8_t>(permission), community.chars);
         }
     }
 }
@@ -333,7 +337,9 @@ void insert_receiver(int trap_mode, const IP_ADDR_T& address, std::uint16_t port
     }
 }
 
-// A change of the mode inserts each stored receiver anew, as one of the new kind.
+// A change of the mode inserts the stored receivers anew, as of the new kind.
+// Where deleting moves the entries up, the first is met again and again; all of
+// them go in the next step.
 void restore_snmp_trap_mode(const dictionary* ini) {
     const int mode = read_int(ini, "snmp settings:snmp trap mode", USR_SNMP_TRAP_MODE_INFORM);
     if (mode == stored_trap_mode()) {
@@ -354,7 +360,7 @@ void remove_all_snmp_trap_serverIp_and_port_and_communityString() {
     Receiver receivers[max_receivers];
     const int count = std::min<int>(receiver_count(), max_receivers);
     for (int i = 0; i < count; ++i) {
-        receivers[i] = receiver_entry(static_cast<std::uint16_t>(i));
+        read_entry(static_cast<std::uint16_t>(i), receivers[i]);
     }
     for (int i = 0; i < count; ++i) {
         U_SnmpDelTrapIpv6(&receivers[i].address, receivers[i].port);
@@ -367,13 +373,14 @@ void restore_snmp_trap_serverIp_and_port_and_communityString(const dictionary* i
     for (int number = 1; number <= max_receivers; ++number) {
         const char* address_text = read_numbered_string(ini, "snmp trap server ip", number);
         const int port = read_numbered_int(ini, "snmp trap server port", number);
-        const char* community =
-            read_numbered_string(ini, "snmp trap server community string", number);
-        if (!is_absent(address_text) && port != -1 && !is_absent(community)) {
+        Community community;
+        copy_text(community.chars,
+                  read_numbered_string(ini, "snmp trap server community string", number));
+        if (!is_absent(address_text) && port != -1 && !is_absent(community.chars)) {
             IP_ADDR_T address = {};
             str_to_ipaddr(&address, address_text);
             insert_receiver(stored_trap_mode(), address, static_cast<std::uint16_t>(port),
-                            community);
+                            community.chars);
         }
     }
 }
@@ -389,16 +396,16 @@ void insert_user(const char* name, const char* password, const char* privacy_key
 // On top of the users that the device has.
 void restore_snmp_v3(const dictionary* ini) {
     for (int number = 1; number <= max_users; ++number) {
-        const char* name = read_numbered_string(ini, "snmp v3 user name", number);
+        const UserName name(read_numbered_string(ini, "snmp v3 user name", number));
         const char* password_text =
             read_numbered_string(ini, "snmp v3 authentication password", number);
         const char* key_text = read_numbered_string(ini, "snmp v3 encryption key", number);
-        if (!is_absent(name) && !is_absent(password_text) && !is_absent(key_text)) {
+        if (!is_absent(name.chars) && !is_absent(password_text) && !is_absent(key_text)) {
             Secret<secret_size> password;
             Secret<secret_size> privacy_key;
             decrypt_snmp_key(password_text, password.chars);
             decrypt_snmp_key(key_text, privacy_key.chars);
-            insert_user(name, password.chars, privacy_key.chars);
+            insert_user(name.chars, password.chars, privacy_key.chars);
         }
     }
 }
