@@ -184,6 +184,10 @@ State from_json_text(const std::string& text) {
     return state;
 }
 
+State from_json_text_cut(const std::string& text) {
+    return json::parse(text).get<State>();
+}
+
 void load_stored_configuration() {
     const char* path = std::getenv("SWITCH_SIMULATOR_STATE");
     state_file().path = path != nullptr ? path : "/tmp/simulated_switch.json";

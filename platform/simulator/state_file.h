@@ -17,6 +17,10 @@ std::string to_json_text(const State& state);
 // that the state cannot hold just as it is written.
 State from_json_text(const std::string& text);
 
+// The same, but a number or text that does not fit is cut to its member, and
+// members that there are not are passed over.
+State from_json_text_cut(const std::string& text);
+
 // Makes the file the switch's state; a missing one leaves the factory
 // defaults. A broken one is told on standard error and ends the process with
 // exit status 1, since a fresh switch in its place would be a lie. What the

@@ -1,0 +1,87 @@
+#include "fuzz/fuzz.h"
+
+#include "platform/simulator/gate.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace fuzz {
+
+namespace {
+
+// A file that has a path and is nowhere on a disk.
+class MemoryFile {
+public:
+    MemoryFile() : file_(memfd_create("fuzz", 0)), stream_(fdopen(file_, "w+")) {}
+    ~MemoryFile() { fclose(stream_); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    FILE* stream() { return stream_; }
+    std::string path() const { return "/proc/self/fd/" + std::to_string(file_); }
+
+    std::string content() {
+        fflush(stream_);
+        std::string text(static_cast<std::size_t>(lseek(file_, 0, SEEK_END)), '\0');
+        if (pread(file_, text.data(), text.size(), 0) != static_cast<ssize_t>(text.size())) {
+            abort();
+        }
+        return text;
+    }
+
+private:
+    int file_;
+    FILE* stream_;
+};
+
+int no_message(const char*, ...) {
+    return 0;
+}
+
+} // namespace
+
+dictionary* load(const std::string& document) {
+    iniparser_set_error_callback(no_message);
+    MemoryFile file;
+    fwrite(document.data(), 1, document.size(), file.stream());
+    fflush(file.stream());
+    return load_document(file.path().c_str());
+}
+
+bool check(const dictionary* ini) {
+    MemoryFile report;
+    simulator::journal().clear();
+    const bool passes = check_sections(ini, report.stream()) == 0;
+    require(passes == report.content().empty(), "status and report differ", report.content());
+    for (const simulator::Call& call : simulator::journal()) {
+        require(call.access == simulator::Access::read, "check changes the device", call.text);
+    }
+    return passes;
+}
+
+std::string backup() {
+    MemoryFile document;
+    write_sections(document.stream());
+    return document.content();
+}
+
+bool holds_what_no_document_can(const dictionary* ini) {
+    for (int i = 0; i < static_cast<int>(ini->size); ++i) {
+        const char* value = ini->key[i] != nullptr ? ini->val[i] : nullptr;
+        if (value != nullptr && strchr(value, '"') != nullptr) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void require(bool condition, const char* message, const std::string& document) {
+    if (!condition) {
+        fprintf(stderr, "%s:\n%s\n", message, document.c_str());
+        abort();
+    }
+}
+
+} // namespace fuzz
