@@ -5,6 +5,10 @@ int report_fault(FILE* error_file, int code) {
     return -1;
 }
 
+int check_present(const dictionary* ini, FILE* error_file, const char* entry, int not_found) {
+    return read_int(ini, entry, -1) == -1 ? report_fault(error_file, not_found) : 0;
+}
+
 int run_check_steps(std::initializer_list<CheckStep> steps, const dictionary* ini,
                     FILE* error_file) {
     for (const CheckStep step : steps) {

@@ -37,6 +37,20 @@ int check_number(const dictionary* ini, FILE* error_file, const char* entry, Fau
     return check_value(error_file, read_int(ini, entry, -1), codes, accepts);
 }
 
+// The same for a text: "-1" is what an absent one reads as, and counts as absent.
+template <typename Validator>
+int check_text(const dictionary* ini, FILE* error_file, const char* entry, FaultCodes codes,
+               Validator accepts) {
+    const char* text = read_string(ini, entry, "-1");
+    if (strcmp(text, "-1") == 0) {
+        return report_fault(error_file, codes.not_found);
+    }
+    return accepts(text) ? 0 : report_fault(error_file, codes.invalid);
+}
+
+// Judges only whether there is a number other than -1.
+int check_present(const dictionary* ini, FILE* error_file, const char* entry, int not_found);
+
 // Runs the sub-steps of a section's check in order; the first that fails ends it.
 using CheckStep = int (*)(const dictionary* ini, FILE* error_file);
 int run_check_steps(std::initializer_list<CheckStep> steps, const dictionary* ini,

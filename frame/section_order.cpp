@@ -4,9 +4,16 @@
 #include "sections/security/auth_server.h"
 #include "sections/security/dot1x.h"
 #include "sections/security/static_sak.h"
+#include "sections/services/modbus_tcp.h"
+#include "sections/services/smtp.h"
 #include "sections/services/snmp.h"
+#include "sections/services/sntp.h"
+#include "sections/services/system_log.h"
 #include "sections/system/identity.h"
+#include "sections/system/periodic_backup.h"
 #include "sections/system/ports.h"
+#include "sections/system/service_switches.h"
+#include "sections/system/warnings.h"
 
 #include <iterator>
 
@@ -33,6 +40,10 @@ constexpr Section port_settings{backup_ini_port_settings, check_ini_port_setting
 
 constexpr Section snmp_settings{backup_ini_snmp_settings, check_ini_snmp_settings,
                                 restore_ini_snmp_settings, 0};
+constexpr Section modbus_tcp_settings{backup_ini_modbus_tcp_settings, check_ini_modbusTcp_settings,
+                                      restore_ini_modbusTcp_settings, 0};
+constexpr Section system_log_settings{backup_ini_system_log_settings, check_ini_systemLog_settings,
+                                      restore_ini_systemLog_settings, 0};
 constexpr Section static_sak{backup_ini_static_sak, check_ini_static_sak, restore_ini_static_sak,
                              0};
 constexpr Section dot1x_settings{backup_ini_dot1x_settings, check_ini_dot1x_settings,
@@ -41,8 +52,20 @@ constexpr Section dot1x_parameter{backup_ini_dot1x_parameter, check_ini_dot1x_pa
                                   restore_ini_dot1x_parameter, 0};
 constexpr Section dot1x_port{backup_ini_dot1x_port, check_ini_dot1x_port, restore_ini_dot1x_port,
                              0};
+constexpr Section lldp{backup_ini_lldp_settings, check_ini_lldp, restore_ini_lldp, 0};
+constexpr Section port_mirror{backup_ini_port_mirror_settings, check_ini_port_mirror,
+                              restore_ini_port_mirror, 0};
+constexpr Section sntp{backup_ini_sntp_settings, check_ini_sntp, restore_ini_sntp, 0};
+constexpr Section https{backup_ini_https_settings, check_ini_https, restore_ini_https, 0};
+constexpr Section auto_default{backup_ini_adefault_settings, check_ini_adefault,
+                               restore_ini_adefault, 0};
 constexpr Section auth_server{backup_ini_authserver_settings, check_ini_authserver,
                               restore_ini_authserver, 0};
+constexpr Section periodic_backup{backup_ini_periodicbackup_settings, nullptr,
+                                  restore_ini_periodic_backup, 0};
+constexpr Section warning_alarm{backup_ini_warning_alarm_settings, nullptr,
+                                restore_ini_warning_alarm, 0};
+constexpr Section smtp{backup_ini_smtp_settings, nullptr, restore_ini_smtp, 0};
 
 // A line of the document order: a banner, or a section.
 struct Place {
@@ -69,12 +92,22 @@ constexpr Place document_order[] = {
     section(port_settings),
     banner("Diagnostics"),
     section(snmp_settings),
+    section(modbus_tcp_settings),
+    section(system_log_settings),
     banner("Security"),
     section(static_sak),
     section(dot1x_settings),
     section(dot1x_parameter),
     section(dot1x_port),
+    section(lldp),
+    section(port_mirror),
+    section(sntp),
+    section(https),
+    section(auto_default),
     section(auth_server),
+    section(periodic_backup),
+    section(warning_alarm),
+    section(smtp),
 };
 
 // Check and restore. The order decides which of several faults is reported.
@@ -85,11 +118,21 @@ constexpr const Section* apply_order[] = {
     &password,
     &port_settings,
     &snmp_settings,
+    &modbus_tcp_settings,
+    &system_log_settings,
     &static_sak,
     &dot1x_settings,
     &dot1x_parameter,
     &dot1x_port,
+    &lldp,
+    &sntp, // earlier than in the document: the first fault and the calls go by this
+    &port_mirror,
+    &https,
+    &auto_default,
     &auth_server,
+    &periodic_backup,
+    &warning_alarm,
+    &smtp,
 };
 // clang-format on
 

@@ -16,6 +16,10 @@ int get_eeprom_macsec_port_type(void);
 int get_eeprom_fiber_speed(int entry);
 int set_eeprom_fiber_speed(int entry, int speed);
 
+/* The option flag of the automatic default; any number but 0 is on. */
+int get_eeprom_serial_port(void);
+int set_eeprom_serial_port(int flag);
+
 #ifdef __cplusplus
 }
 #endif

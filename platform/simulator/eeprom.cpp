@@ -52,3 +52,12 @@ int set_eeprom_fiber_speed(int entry, int speed) {
         },
         entry, speed);
 }
+
+int get_eeprom_serial_port(void) {
+    return answers("get_eeprom_serial_port", failed, [] { return state().eeprom.serial_port; });
+}
+
+int set_eeprom_serial_port(int flag) {
+    return changes(
+        "set_eeprom_serial_port", [&] { state().eeprom.serial_port = flag; }, flag);
+}

@@ -84,6 +84,7 @@ struct Eeprom {
     Field<32> model_name = "MS-8P";
     int macsec_port_type = 1;
     std::array<int, 2> fiber_speed = {2, 2};
+    int serial_port = 0; // the option flag of the automatic default
 };
 
 struct System {
@@ -196,6 +197,93 @@ struct LoginServer {
     std::uint8_t timeout = 5;
 };
 
+struct Modbus {
+    std::uint8_t address = 1;
+    std::int8_t enabled = 0;
+    std::uint32_t port = 502;
+};
+
+struct SystemLog {
+    std::uint8_t event_to_flash = 1;
+    std::uint8_t level = 4;
+    std::uint8_t server_enabled = 0;
+    Ipv4 server = {0xc0a80a46};
+    std::uint16_t server_port = 514;
+    // The log viewer.
+    std::uint8_t read_all_notification = 0;
+    std::uint16_t read_list_number = 20;
+    std::uint8_t automatic_refresh = 0;
+    std::uint16_t automatic_refresh_cycle_time = 20;
+};
+
+struct Lldp {
+    std::uint8_t enabled = 1;
+    std::uint16_t ttl = 120;
+    std::uint16_t interval = 30;
+};
+
+struct PortMirror {
+    std::int8_t state = 0;
+    std::uint8_t mode = 0;
+    std::uint16_t analyzer_port = 65535; // no port
+    std::uint16_t monitored_port = 65535;
+};
+
+struct Sntp {
+    std::int8_t client_enabled = 1;
+    std::uint8_t time_zone = 30;
+    Field<32> server1 = "ntp1.example.com";
+    Field<32> server2 = "ntp2.example.com";
+    std::uint32_t query_period = 3600;
+    std::int8_t manual = 0;
+    std::int8_t ip_or_domain = 0;
+    Field<32> ip;
+    Field<32> domain;
+};
+
+// From 02:00 on the last Sunday of March to 03:00 on the last one of October.
+struct Daylight {
+    std::uint8_t enabled = 1;
+    std::uint8_t start_month = 3;
+    std::uint8_t start_week = 5;
+    std::uint8_t start_day = 0;
+    std::uint8_t start_hour = 2;
+    std::uint8_t end_month = 10;
+    std::uint8_t end_week = 5;
+    std::uint8_t end_day = 0;
+    std::uint8_t end_hour = 3;
+    std::uint8_t offset = 1;
+};
+
+struct Https {
+    std::int8_t enabled = 1;
+};
+
+struct PeriodicBackup {
+    std::int8_t enabled = 0;
+    std::uint16_t hour = 2;
+    std::uint16_t minute = 30;
+    Ipv4 server = {0xc0a80a47};
+};
+
+// Alarms by mail, as codes.
+struct Warnings {
+    Indexed<std::uint8_t> ports = {std::vector<std::uint8_t>(8, 2)};
+    std::array<std::uint8_t, 2> powers = {2, 0};
+    std::uint8_t syslog_level = 100; // none
+};
+
+struct Smtp {
+    Field<32> server = "mail.example.com";
+    Field<32> sender = "line4@example.com";
+    Field<32> subject = "Line 4 cabinet switch";
+    std::int8_t authentication = 1;
+    std::int8_t tls = 1;
+    Field<32> username = "line4";
+    Field<16> password = "mail secret";
+    std::array<Field<32>, 4> recipients = {"maintenance@example.com", "", "", ""};
+};
+
 struct State {
     Eeprom eeprom;
     System system;
@@ -204,6 +292,16 @@ struct State {
     Snmp snmp;
     std::array<Macsec, 2> macsec = {{{}, {1, "0200005e10200002", "short sak"}}};
     Dot1x dot1x;
+    Modbus modbus;
+    SystemLog system_log;
+    Lldp lldp;
+    PortMirror port_mirror;
+    Sntp sntp;
+    Daylight daylight;
+    Https https;
+    PeriodicBackup periodic_backup;
+    Warnings warnings;
+    Smtp smtp;
     LoginServer login_server;
 };
 

@@ -85,7 +85,8 @@ void from_json(const json& value, Indexed<Entry>& ports) {
     ports.entries = value.get<std::vector<Entry>>();
 }
 
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Eeprom, model_name, macsec_port_type, fiber_speed)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Eeprom, model_name, macsec_port_type, fiber_speed,
+                                                serial_port)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(System, mac, firmware_major, firmware_minor,
                                                 firmware_date, name, dhcp, address, mask, gateway,
                                                 dns)
@@ -108,8 +109,28 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Dot1x, enabled, server, server_p
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Macsec, status, sci, sak)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(LoginServer, enabled, kind, address, port,
                                                 shared_key, method, timeout)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Modbus, address, enabled, port)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(SystemLog, event_to_flash, level, server_enabled,
+                                                server, server_port, read_all_notification,
+                                                read_list_number, automatic_refresh,
+                                                automatic_refresh_cycle_time)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Lldp, enabled, ttl, interval)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(PortMirror, state, mode, analyzer_port,
+                                                monitored_port)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Sntp, client_enabled, time_zone, server1, server2,
+                                                query_period, manual, ip_or_domain, ip, domain)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Daylight, enabled, start_month, start_week,
+                                                start_day, start_hour, end_month, end_week, end_day,
+                                                end_hour, offset)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Https, enabled)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(PeriodicBackup, enabled, hour, minute, server)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Warnings, ports, powers, syslog_level)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Smtp, server, sender, subject, authentication, tls,
+                                                username, password, recipients)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(State, eeprom, system, accounts, ports, snmp,
-                                                macsec, dot1x, login_server)
+                                                macsec, dot1x, modbus, system_log, lldp,
+                                                port_mirror, sntp, daylight, https, periodic_backup,
+                                                warnings, smtp, login_server)
 
 namespace {
 

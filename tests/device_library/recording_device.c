@@ -10,12 +10,19 @@
 #include "platform/include/eeprom.h"
 #include "platform/include/login_server.h"
 #include "platform/include/macsec.h"
+#include "platform/include/modbus.h"
+#include "platform/include/periodic_backup.h"
 #include "platform/include/port_masks.h"
 #include "platform/include/ports.h"
 #include "platform/include/return_codes.h"
+#include "platform/include/services.h"
+#include "platform/include/smtp.h"
 #include "platform/include/snmp.h"
+#include "platform/include/sntp.h"
 #include "platform/include/start_up.h"
 #include "platform/include/system.h"
+#include "platform/include/system_log.h"
+#include "platform/include/warnings.h"
 
 #include <stdio.h>
 #include <string.h>

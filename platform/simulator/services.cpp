@@ -1,0 +1,60 @@
+#include "platform/include/services.h"
+
+#include "platform/simulator/gate.h"
+#include "platform/simulator/state.h"
+
+using namespace simulator;
+
+unsigned short U_LldpGetEnable(unsigned char* enabled) {
+    return reads("U_LldpGetEnable", [&] { *enabled = state().lldp.enabled; });
+}
+
+unsigned short U_LldpSetEnable(const unsigned char* enabled) {
+    return changes(
+        "U_LldpSetEnable", [&] { state().lldp.enabled = *enabled; }, +*enabled);
+}
+
+unsigned short U_LldpSetTxTtl(const unsigned short* ttl) {
+    return changes(
+        "U_LldpSetTxTtl", [&] { state().lldp.ttl = *ttl; }, *ttl);
+}
+
+unsigned short U_LldpSetTxInterval(const unsigned short* interval) {
+    return changes(
+        "U_LldpSetTxInterval", [&] { state().lldp.interval = *interval; }, *interval);
+}
+
+unsigned short U_FlshHTTPSGet(char* enabled) {
+    return reads("U_FlshHTTPSGet", [&] { *enabled = static_cast<char>(state().https.enabled); });
+}
+
+unsigned short U_FlshHTTPSSet(char enabled) {
+    return changes(
+        "U_FlshHTTPSSet", [&] { state().https.enabled = static_cast<signed char>(enabled); },
+        enabled);
+}
+
+unsigned short U_FwdGetPortMirror(char* on, unsigned char* mode,
+                                  unsigned short* ucPortMirrorAnlyPort,
+                                  unsigned short* stPortMirrorMntrPPortMask) {
+    return reads("U_FwdGetPortMirror", [&] {
+        const PortMirror& mirror = state().port_mirror;
+        *on = static_cast<char>(mirror.state);
+        *mode = mirror.mode;
+        *ucPortMirrorAnlyPort = mirror.analyzer_port;
+        *stPortMirrorMntrPPortMask = mirror.monitored_port;
+    });
+}
+
+// No port (-1) is kept, and read, as 65535.
+unsigned short U_FwdSetPortMirror(int on, int mode, int ucPortMirrorAnlyPort,
+                                  int stPortMirrorMntrPPortMask) {
+    return changes(
+        "U_FwdSetPortMirror",
+        [&] {
+            state().port_mirror = {static_cast<int8_t>(on), static_cast<uint8_t>(mode),
+                                   static_cast<uint16_t>(ucPortMirrorAnlyPort),
+                                   static_cast<uint16_t>(stPortMirrorMntrPPortMask)};
+        },
+        on, mode, ucPortMirrorAnlyPort, stPortMirrorMntrPPortMask);
+}

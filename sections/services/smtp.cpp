@@ -1,0 +1,92 @@
+// The password stands in the document in plain text. It and the user name are
+// kept also while they are not used.
+
+#include "sections/services/smtp.h"
+
+#include "codec/secret_codec.h"
+#include "platform/include/smtp.h"
+
+namespace {
+
+// Fields of the device, terminator included. Reading gives them one byte more,
+// so that a text that fills its field is terminated.
+constexpr std::uint8_t text_size = 32;
+constexpr std::size_t password_size = 16;
+
+using StoredText = Text<text_size + 1>;
+
+std::uint8_t* bytes(Secret<password_size + 1>& secret) {
+    return reinterpret_cast<std::uint8_t*>(secret.chars);
+}
+
+void write_texts(FILE* ini_file) {
+    StoredText server;
+    U_FlshSmtpGetServer(server.bytes(), text_size);
+    fprintf(ini_file, "SMTP server             = \"%s\" ;\n", server.chars);
+    StoredText sender;
+    U_FlshSmtpGetSendAdd(sender.bytes(), text_size);
+    fprintf(ini_file, "sender address          = \"%s\" ;\n", sender.chars);
+    StoredText subject;
+    U_FlshSmtpGetSubject(subject.bytes(), text_size);
+    fprintf(ini_file, "subject of mail         = \"%s\" ;\n", subject.chars);
+}
+
+// The flags are on where they cannot be read.
+void write_login(FILE* ini_file) {
+    char authentication = 1;
+    char tls = 1;
+    StoredText username;
+    Secret<password_size + 1> password;
+    U_FlshSmtpGetUnamePwd(&authentication, username.bytes(), bytes(password));
+    U_FlshSmtpGetTLS(&tls);
+    fprintf(ini_file, "authentication          = \"%d\" ;\n",
+            static_cast<std::int8_t>(authentication));
+    fprintf(ini_file, "tls/ssl                 = \"%d\" ;\n", static_cast<std::int8_t>(tls));
+    fprintf(ini_file, "username                = \"%s\" ;\n", username.chars);
+    fprintf(ini_file, "password                = \"%s\" ;\n", password.chars);
+}
+
+void write_recipients(FILE* ini_file) {
+    StoredText recipients[4];
+    U_FlshSmtpGetRecAdd(recipients[0].bytes(), recipients[1].bytes(), recipients[2].bytes(),
+                        recipients[3].bytes());
+    fprintf(ini_file, "mail recipient1         = \"%s\" ;\n", recipients[0].chars);
+    fprintf(ini_file, "mail recipient2         = \"%s\" ;\n", recipients[1].chars);
+    fprintf(ini_file, "mail recipient3         = \"%s\" ;\n", recipients[2].chars);
+    fprintf(ini_file, "mail recipient4         = \"%s\" ;\n", recipients[3].chars);
+}
+
+} // namespace
+
+void backup_ini_smtp_settings(FILE* ini_file) {
+    write_section_line(ini_file, "smtp setting");
+    write_texts(ini_file);
+    write_login(ini_file);
+    write_recipients(ini_file);
+}
+
+// All are read before the first is set, and applied once all are stored.
+void restore_ini_smtp(const dictionary* ini) {
+    auto server = read_text<text_size>(ini, "smtp setting:SMTP server");
+    auto sender = read_text<text_size>(ini, "smtp setting:sender address");
+    auto subject = read_text<text_size>(ini, "smtp setting:subject of mail");
+    const int authentication = read_decimal<64>(ini, "smtp setting:authentication");
+    const int tls = read_decimal<64>(ini, "smtp setting:tls/ssl");
+    auto username = read_text<text_size>(ini, "smtp setting:username");
+    Secret<password_size> password;
+    copy_text(password.chars, read_string(ini, "smtp setting:password", ""));
+    auto recipient1 = read_text<text_size>(ini, "smtp setting:mail recipient1");
+    auto recipient2 = read_text<text_size>(ini, "smtp setting:mail recipient2");
+    auto recipient3 = read_text<text_size>(ini, "smtp setting:mail recipient3");
+    auto recipient4 = read_text<text_size>(ini, "smtp setting:mail recipient4");
+
+    U_FlshSmtpSetServer(server.bytes());
+    U_FlshSmtpSetSendAdd(sender.bytes());
+    U_FlshSmtpSetSubject(subject.bytes());
+    U_FlshSmtpSetUnamePwd(static_cast<char>(authentication), username.bytes(),
+                          reinterpret_cast<const std::uint8_t*>(password.chars));
+    U_FlshSmtpSetTLS(static_cast<char>(tls));
+    U_FlshSmtpSetRecAdd(recipient1.bytes(), recipient2.bytes(), recipient3.bytes(),
+                        recipient4.bytes());
+    U_SysSetRelayConfig();
+}

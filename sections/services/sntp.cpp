@@ -1,0 +1,267 @@
+// A switch that keeps its own clock writes the date and time, for the reader
+// only; one that takes its time from servers writes the server, the zone and
+// the query period. A server is either given by hand ("NTP Server" 1) or one
+// of two public ones. The device has no operation to set which of them it is.
+// Restore takes only the text "1" for on, check any number but 0.
+
+#include "sections/services/sntp.h"
+
+#include "frame/report.h"
+#include "platform/include/return_codes.h"
+#include "platform/include/sntp.h"
+
+#include <ctime>
+
+namespace {
+
+constexpr std::size_t name_size = 32; // of a server, terminator included
+constexpr char default_server1[] = "0.pool.ntp.org";
+constexpr char default_server2[] = "1.pool.ntp.org";
+constexpr std::uint32_t default_query_period = 60;
+
+constexpr std::uint8_t max_time_zone = 62;
+constexpr int min_query_period = 60;
+
+struct Client {
+    char enabled = 0;
+    std::uint8_t time_zone = 0;
+    // A name of the device may fill its field: one byte more terminates it.
+    Text<name_size + 1> server1;
+    Text<name_size + 1> server2;
+    unsigned long query_period = 0;
+};
+
+Client stored_client() {
+    Client client;
+    U_SysGetMSNTP(&client.enabled, &client.time_zone, client.server1.chars, client.server2.chars,
+                  &client.query_period);
+    return client;
+}
+
+struct Daylight {
+    std::uint8_t enabled = 0;
+    std::uint8_t start_month = 0;
+    std::uint8_t start_week = 0;
+    std::uint8_t start_day = 0;
+    std::uint8_t start_hour = 0;
+    std::uint8_t end_month = 0;
+    std::uint8_t end_week = 0;
+    std::uint8_t end_day = 0;
+    std::uint8_t end_hour = 0;
+    std::uint8_t offset = 0;
+};
+
+Daylight stored_daylight() {
+    Daylight rule;
+    U_SysGetDaylight(&rule.enabled, &rule.start_month, &rule.start_week, &rule.start_day,
+                     &rule.start_hour, &rule.end_month, &rule.end_week, &rule.end_day,
+                     &rule.end_hour, &rule.offset);
+    return rule;
+}
+
+struct ManualServer {
+    char manual = 0;
+    char ip_or_domain = 0;
+};
+
+ManualServer stored_manual_server() {
+    ManualServer server;
+    Text<name_size + 1> ip;
+    Text<name_size + 1> domain;
+    U_FlshntpIpDmStrngGet(&server.manual, &server.ip_or_domain, ip.chars, domain.chars);
+    return server;
+}
+
+tm local_time() {
+    const time_t now = time(nullptr);
+    tm local = {};
+    localtime_r(&now, &local);
+    return local;
+}
+
+void write_clock(FILE* ini_file, const tm& now) {
+    fprintf(ini_file, "Date       = \"%02d.%02d.%04d\" ;\n", now.tm_mday, now.tm_mon + 1,
+            now.tm_year + 1900);
+    fprintf(ini_file, "Time       = \"%02d:%02d:%02d\" ;\n", now.tm_hour, now.tm_min, now.tm_sec);
+}
+
+// A server that was given by hand is the device's second one.
+void write_client(FILE* ini_file, const Client& client, const ManualServer& server) {
+    fprintf(ini_file, "NTP Server = \"%d\" ;\n", server.manual == 1 ? 1 : 0);
+    fprintf(ini_file, "Time Zone  = \"%d\" ;\n", client.time_zone);
+    fprintf(ini_file, "Time Server Query Period (Sec)  = \"%d\" ;\n",
+            static_cast<int>(client.query_period));
+    if (server.manual != 0) {
+        fprintf(ini_file, "IP/Domain = \"%d\" ;\n", server.ip_or_domain == 1 ? 1 : 0);
+        fprintf(ini_file, "NTP Manual Server name = \"%s\" ;\n", client.server2.chars);
+    } else {
+        fprintf(ini_file, "NTP Public Server1 = \"%s\" ;\n", client.server1.chars);
+        fprintf(ini_file, "NTP Public Server2 = \"%s\" ;\n", client.server2.chars);
+    }
+}
+
+void write_daylight_rule(FILE* ini_file, const Daylight& rule) {
+    fprintf(ini_file, "Start Date(Month) = \"%d\" ;\n", rule.start_month);
+    fprintf(ini_file, "Start Date(Week)  = \"%d\" ;\n", rule.start_week);
+    fprintf(ini_file, "Start Date(Day)   = \"%d\" ;\n", rule.start_day);
+    fprintf(ini_file, "Start Date(Hour)  = \"%d\" ;\n", rule.start_hour);
+    fprintf(ini_file, "End Date(Month)   = \"%d\" ;\n", rule.end_month);
+    fprintf(ini_file, "End Date(Week)    = \"%d\" ;\n", rule.end_week);
+    fprintf(ini_file, "End Date(Day)     = \"%d\" ;\n", rule.end_day);
+    fprintf(ini_file, "End Date(Hour)    = \"%d\" ;\n", rule.end_hour);
+    fprintf(ini_file, "Offset            = \"%d\" ;\n", rule.offset);
+}
+
+} // namespace
+
+void backup_ini_sntp_settings(FILE* ini_file) {
+    write_section_line(ini_file, "sntp setting");
+    const tm now = local_time();
+    const Client client = stored_client();
+    const Daylight rule = stored_daylight();
+    const ManualServer server = stored_manual_server();
+
+    fprintf(ini_file, "Time and Date Setting :mode = \"%d\" ;\n", client.enabled == 1 ? 1 : 0);
+    if (client.enabled == 0) {
+        write_clock(ini_file, now);
+    } else {
+        write_client(ini_file, client, server);
+    }
+    fprintf(ini_file, "Daylight saving :enable state = \"%d\" ;\n", rule.enabled == 1 ? 1 : 0);
+    if (rule.enabled != 0) {
+        write_daylight_rule(ini_file, rule);
+    }
+}
+
+namespace {
+
+// Which server, and whether the key that goes with it is there.
+int check_ntp_server(const dictionary* ini, FILE* error_file) {
+    const int manual = read_int(ini, "sntp setting:NTP Server", -1);
+    if (manual == -1) {
+        return report_fault(error_file, USR_RET_ERR_NTP_SERVER_STATE_NOT_FOUND);
+    }
+    if (manual != 0) {
+        return check_present(ini, error_file, "sntp setting:IP/Domain",
+                             USR_RET_ERR_NTP_IP_DOMAIN_STATE_NOT_FOUND);
+    }
+    return check_present(ini, error_file, "sntp setting:NTP Public Server1",
+                         USR_RET_ERR_NTP_PUBLIC_SERVER_STATE_NOT_FOUND);
+}
+
+// The zone as the device takes it: -1 is 255, and 256 is 0.
+int check_time_zone(const dictionary* ini, FILE* error_file) {
+    const int zone = read_decimal<64>(ini, "sntp setting:Time Zone");
+    return static_cast<std::uint8_t>(zone) > max_time_zone
+               ? report_fault(error_file, USR_RET_ERR_NTPTIME_ZONE_VALUE_INVALID)
+               : 0;
+}
+
+int check_query_period(const dictionary* ini, FILE* error_file) {
+    const int period = read_decimal<64>(ini, "sntp setting:Time Server Query Period (Sec)");
+    return period < min_query_period
+               ? report_fault(error_file, USR_RET_ERR_NTPTIME_QUERY_PERIOD_INVALID)
+               : 0;
+}
+
+int check_client(const dictionary* ini, FILE* error_file) {
+    const int mode = read_int(ini, "sntp setting:Time and Date Setting :mode", -1);
+    if (mode == -1) {
+        return report_fault(error_file, USR_RET_ERR_NTP_CLIENT_STATE_NOT_FOUND);
+    }
+    if (mode == 0) {
+        return 0;
+    }
+    return run_check_steps({check_ntp_server, check_time_zone, check_query_period}, ini,
+                           error_file);
+}
+
+int check_daylight(const dictionary* ini, FILE* error_file) {
+    return check_present(ini, error_file, "sntp setting:Daylight saving :enable state",
+                         USR_RET_ERR_NTP_DAY_LIGHT_STATE_NOT_FOUND);
+}
+
+} // namespace
+
+int check_ini_sntp(const dictionary* ini, FILE* error_file) {
+    return run_check_steps({check_client, check_daylight}, ini, error_file);
+}
+
+namespace {
+
+bool is_on(const dictionary* ini, const char* entry) {
+    return strcmp(read_string(ini, entry, ""), "1") == 0;
+}
+
+std::uint8_t read_byte(const dictionary* ini, const char* entry) {
+    return static_cast<std::uint8_t>(read_decimal<64>(ini, entry));
+}
+
+void read_public_servers(const dictionary* ini, Client& client) {
+    const auto server1 = read_text<name_size>(ini, "sntp setting:NTP Public Server1");
+    const auto server2 = read_text<name_size>(ini, "sntp setting:NTP Public Server2");
+    copy_text(client.server1.chars, server1.chars);
+    copy_text(client.server2.chars, server2.chars);
+}
+
+// Such a document does not carry the first server: the device keeps its own,
+// and both when the name is missing.
+void read_manual_server(const dictionary* ini, Client& client) {
+    const Client stored = stored_client();
+    const char* name =
+        read_string(ini, "sntp setting:NTP Manual Server name", stored.server2.chars);
+    const Text<name_size> server2(name);
+    client.server1 = stored.server1;
+    copy_text(client.server2.chars, server2.chars);
+}
+
+Client read_client(const dictionary* ini) {
+    Client client;
+    if (!is_on(ini, "sntp setting:Time and Date Setting :mode")) {
+        copy_text(client.server1.chars, default_server1);
+        copy_text(client.server2.chars, default_server2);
+        client.query_period = default_query_period;
+        return client;
+    }
+    client.enabled = 1;
+    client.time_zone = read_byte(ini, "sntp setting:Time Zone");
+    client.query_period = static_cast<std::uint32_t>(
+        read_decimal<64>(ini, "sntp setting:Time Server Query Period (Sec)"));
+    if (is_on(ini, "sntp setting:NTP Server")) {
+        read_manual_server(ini, client);
+    } else {
+        read_public_servers(ini, client);
+    }
+    return client;
+}
+
+Daylight read_daylight(const dictionary* ini) {
+    Daylight rule;
+    if (!is_on(ini, "sntp setting:Daylight saving :enable state")) {
+        return rule;
+    }
+    rule.enabled = 1;
+    rule.start_month = read_byte(ini, "sntp setting:Start Date(Month)");
+    rule.start_week = read_byte(ini, "sntp setting:Start Date(Week)");
+    rule.start_day = read_byte(ini, "sntp setting:Start Date(Day)");
+    rule.start_hour = read_byte(ini, "sntp setting:Start Date(Hour)");
+    rule.end_month = read_byte(ini, "sntp setting:End Date(Month)");
+    rule.end_week = read_byte(ini, "sntp setting:End Date(Week)");
+    rule.end_day = read_byte(ini, "sntp setting:End Date(Day)");
+    rule.end_hour = read_byte(ini, "sntp setting:End Date(Hour)");
+    rule.offset = read_byte(ini, "sntp setting:Offset");
+    return rule;
+}
+
+} // namespace
+
+// Never sets the clock.
+void restore_ini_sntp(const dictionary* ini) {
+    const Client client = read_client(ini);
+    const Daylight rule = read_daylight(ini);
+    U_SysSetMSNTP(client.enabled, client.time_zone, client.server1.chars, client.server2.chars,
+                  client.query_period, 0);
+    U_SysSetDaylight(rule.enabled, rule.start_month, rule.start_week, rule.start_day,
+                     rule.start_hour, rule.end_month, rule.end_week, rule.end_day, rule.end_hour,
+                     rule.offset);
+}

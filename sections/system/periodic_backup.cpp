@@ -1,0 +1,30 @@
+// The server stands in the document as a signed decimal number.
+
+#include "sections/system/periodic_backup.h"
+
+#include "platform/include/periodic_backup.h"
+
+void backup_ini_periodicbackup_settings(FILE* ini_file) {
+    TstFlshPeriodic setting = {};
+    write_section_line(ini_file, "Periodic Back-Up");
+    U_GetPeriodicSetting(&setting);
+    fprintf(ini_file, "Enable State      = \"%d\" ;\n", setting.backUp == 1 ? 1 : 0);
+    fprintf(ini_file, "Period Hour       = \"%d\" ;\n", setting.tm_hour);
+    fprintf(ini_file, "Period Minute     = \"%d\" ;\n", setting.tm_min);
+    fprintf(ini_file, "TFTP ServerIP     = \"%ld\" ;\n", signed_32_bits(setting.serverIp));
+}
+
+// Only the text "1" is on. No number is judged: the device gets an hour of 99
+// as it is. A document without the section switches the backup off.
+void restore_ini_periodic_backup(const dictionary* ini) {
+    TstFlshPeriodic setting = {};
+    const bool on = strcmp(read_string(ini, "Periodic Back-Up:Enable State", ""), "1") == 0;
+    setting.backUp = on ? 1 : 0;
+    setting.tm_hour =
+        static_cast<std::uint16_t>(read_decimal<128>(ini, "Periodic Back-Up:Period Hour"));
+    setting.tm_min =
+        static_cast<std::uint16_t>(read_decimal<128>(ini, "Periodic Back-Up:Period Minute"));
+    setting.serverIp =
+        static_cast<std::uint32_t>(read_decimal<128>(ini, "Periodic Back-Up:TFTP ServerIP"));
+    U_SetPeriodicSetting(&setting);
+}

@@ -1,0 +1,429 @@
+// "modbus tcp settings", "system log settings", "lldp setting", "port mirror
+// setting", "sntp setting", "https setting", "auto default setting", "Periodic
+// Back-Up", "Warning/Alarm setting" and "smtp setting".
+
+#include "tests/support/switch_test.h"
+
+#include <cstdlib>
+#include <ctime>
+
+using simulator::make_fail;
+using simulator::reset;
+using simulator::state;
+
+namespace {
+
+std::time_t fixed_time = 0; // none
+
+} // namespace
+
+// In place of the C library's.
+extern "C" std::time_t time(std::time_t* result) noexcept {
+    timespec now = {fixed_time, 0};
+    if (fixed_time == 0) {
+        clock_gettime(CLOCK_REALTIME, &now);
+    }
+    if (result != nullptr) {
+        *result = now.tv_sec;
+    }
+    return now.tv_sec;
+}
+
+class Services : public SwitchTest {
+protected:
+    ~Services() override { fixed_time = 0; }
+
+    const std::string good = backup();
+};
+
+namespace {
+
+constexpr char modbus[] = "modbus tcp settings";
+constexpr char system_log[] = "system log settings";
+constexpr char mirror[] = "port mirror setting";
+constexpr char sntp[] = "sntp setting";
+constexpr char mode[] = "Time and Date Setting :mode";
+constexpr char daylight_state[] = "Daylight saving :enable state";
+constexpr char period[] = "Time Server Query Period (Sec)";
+constexpr char periodic[] = "Periodic Back-Up";
+constexpr char warning[] = "Warning/Alarm setting";
+constexpr char smtp[] = "smtp setting";
+
+constexpr Edit edits[] = {
+    {modbus, "modbus address", "248", "271\n"},
+    {modbus, "modbus address", "-1", "270\n"},
+    {modbus, "modbus", "257", "273\n"}, // whole, not its low 8 bits
+    {modbus, "modbus", "\"\"", ""},     // no digits: 0
+    {modbus, "modbus port", "65536", "275\n"},
+    {system_log, "system log event to flash", "-2", "277\n"},
+    {system_log, "system log level", "300", "279\n"},
+    {system_log, "system log server", "0x1", ""},
+    {system_log, "system log server ip", "\"-1\"", "282\n"},
+    {system_log, "system log server ip", "\"\"", "283\n"},
+    {system_log, "system log server ip", "\"192.168.10.70 and more\"", "283\n"},
+    {system_log, "system log server ip", "\"0.0.0.0\"", ""},
+    {system_log, "read list number", "-5", ""},
+    {"lldp setting", "enable state", "\"-1\"", "304\n"},
+    {"lldp setting", "enable state", "2", ""},
+    {mirror, "enable state", "\"any\"", ""},
+    {mirror, "Source Port", nullptr, ""},
+    {sntp, mode, "-1", "312\n"},
+    {sntp, mode, "\"true\"", ""}, // 0
+    {sntp, "NTP Public Server1", "\"-1\"", "315\n"},
+    {sntp, "NTP Public Server1", "\"\"", ""},
+    {sntp, "NTP Public Server2", nullptr, ""},
+    {sntp, "Time Zone", "62", ""},
+    {sntp, "Time Zone", "-1", "309\n"},
+    {sntp, "Time Zone", "256", ""},      // 0 for the device
+    {sntp, "Time Zone", "\"0x3f\"", ""}, // decimal: 0
+    {sntp, "Time Zone", nullptr, ""},
+    {sntp, period, "60", ""},
+    {sntp, period, "256", ""}, // whole, not its low 8 bits
+    {sntp, period, "-1", "310\n"},
+    {sntp, period, nullptr, "310\n"},
+    {sntp, daylight_state, "2", ""},
+    {sntp, "Offset", nullptr, ""},
+    {"https setting", "enable state", "7", ""},
+    {periodic, "Period Hour", "99", ""},
+    {warning, "syslog_level_alarm", nullptr, ""},
+    {smtp, "authentication", "\"any\"", ""},
+};
+
+} // namespace
+
+TEST_F(Services, Check) {
+    expect_reports(good, edits);
+}
+
+TEST_F(Services, CheckOfOtherTimeSources) {
+    // By its own clock: nothing of the servers is looked at.
+    std::string document = with(without_section(good, sntp) + "[sntp setting]\n", sntp, mode, "0");
+    EXPECT_EQ(check(document), "311\n");
+    EXPECT_EQ(check(with(document, sntp, daylight_state, "0")), "");
+    // 01 is a number other than 0.
+    EXPECT_EQ(check(with(with(document, sntp, daylight_state, "0"), sntp, mode, "\"01\"")),
+              "313\n");
+    // A server given by hand.
+    document = without(with(good, sntp, "NTP Server", "2"), sntp, "NTP Public Server1");
+    EXPECT_EQ(check(document), "314\n");
+    EXPECT_EQ(check(with(document, sntp, "IP/Domain", "0")), "");
+}
+
+TEST_F(Services, CheckOfMissingSections) {
+    const std::pair<const char*, const char*> reports[] = {
+        {modbus, "270\n"},
+        {system_log, "276\n"},
+        {"lldp setting", "304\n"},
+        {mirror, "308\n"},
+        {sntp, "312\n"},
+        {"https setting", "305\n"},
+        {periodic, ""},
+        {"auto default setting", "306\n"},
+        {warning, ""},
+        {smtp, ""},
+    };
+    for (const auto& [section, report] : reports) {
+        EXPECT_EQ(check(without_section(good, section)), report) << section;
+    }
+}
+
+TEST_F(Services, RestoreModbus) {
+    const auto document = [&](const char* status, const char* port) {
+        return with(with(good, modbus, "modbus", status), modbus, "modbus port", port);
+    };
+    const auto expect = [](const std::string& text, const Calls& calls) {
+        EXPECT_EQ(restore_calls(text, "Modbus"), calls);
+    };
+    expect(good, {});
+    expect(document("1", "503"),
+           {"U_SysSetModbusEnabled(1)", "U_SysExecuteModbus(1)", "U_SysSetModbusEnabled(0)",
+            "U_SysSetModbusPort(503)", "U_SysSetModbusEnabled(1)"});
+    expect(document("1", "503"), {});
+    expect(document("1", "504"),
+           {"U_SysSetModbusEnabled(0)", "U_SysSetModbusPort(504)", "U_SysSetModbusEnabled(1)"});
+    expect(document("0", "505"), {"U_SysSetModbusEnabled(0)", "U_SysSetModbusPort(505)"});
+    expect(document("0", "506"), {"U_SysSetModbusPort(506)"});
+    // A flag is a signed number on every machine, and only 1 starts the service.
+    expect(document("-1", "506"), {"U_SysSetModbusEnabled(-1)"});
+    expect(document("-1", "507"), {"U_SysSetModbusPort(507)"});
+    EXPECT_NE(backup().find("modbus = -1 ;"), std::string::npos);
+
+    state().modbus = {17, 1, 1502};
+    expect(without_section(good, modbus),
+           {"U_SysSetModbusAddr(1)", "U_SysSetModbusEnabled(0)", "U_SysSetModbusPort(502)"});
+    expect(with(good, modbus, "modbus address", "257"), {"U_SysSetModbusAddr(257)"});
+}
+
+TEST_F(Services, RestoreSystemLog) {
+    // Whole, whatever the device has; backup knows nothing of the viewer.
+    EXPECT_EQ(restore_calls(good, "Ui_Sys"), (Calls{"Ui_SysLogSet(1, 4, 0, 192.168.10.70, 514)",
+                                                    "Ui_SystemLogSettingSet(0, 20, 0, 20)"}));
+    EXPECT_EQ(restore_calls(without_section(good, system_log), "Ui_Sys"),
+              (Calls{"Ui_SysLogSet(0, 0, 0, 0.0.0.0, 0)", "Ui_SystemLogSettingSet(0, 20, 0, 20)"}));
+    const std::string document =
+        without_section(good, system_log) +
+        "[system log settings]\nsystem log event to flash=257\nsystem log level=300\n"
+        "system log server=-1\nsystem log server ip=\"300.1.1.1\"\nsystem log server port=65537\n"
+        "read all notification=257\nread list number=65537\nautomatic refresh=2\n"
+        "automatic refresh cycle time=-1\n";
+    EXPECT_EQ(restore_calls(document, "Ui_Sys"), (Calls{"Ui_SysLogSet(1, 44, 255, 0.0.0.0, 1)",
+                                                        "Ui_SystemLogSettingSet(1, 1, 2, 65535)"}));
+}
+
+TEST_F(Services, RestoreSwitches) {
+    const auto expect_lldp = [](const std::string& document, const std::string& state) {
+        EXPECT_EQ(restore_calls(document, "U_Lldp"),
+                  (Calls{"U_LldpSetEnable(" + state + ")", "U_LldpSetTxTtl(120)",
+                         "U_LldpSetTxInterval(30)"}));
+    };
+    expect_lldp(good, "1");
+    expect_lldp(with(good, "lldp setting", "enable state", "2"), "3");
+    expect_lldp(without_section(good, "lldp setting"), "3");
+
+    const std::string https = "https setting";
+    EXPECT_EQ(restore_calls(good, "HTTPS"), Calls{"U_FlshHTTPSSet(1)"});
+    EXPECT_EQ(restore_calls(with(good, https, "enable state", "2"), "HTTPS"),
+              Calls{"U_FlshHTTPSSet(0)"});
+    EXPECT_EQ(restore_calls(without_section(good, https), "HTTPS"), Calls{"U_FlshHTTPSSet(0)"});
+
+    // The EEPROM is written only where its number differs.
+    const std::string on = with(good, "auto default setting", "enable state", "1");
+    const std::string missing = without_section(good, "auto default setting");
+    EXPECT_EQ(restore_calls(good, "serial"), Calls{});
+    EXPECT_EQ(restore_calls(on, "serial"), Calls{"set_eeprom_serial_port(1)"});
+    EXPECT_EQ(restore_calls(on, "serial"), Calls{});
+    EXPECT_EQ(restore_calls(missing, "serial"), Calls{"set_eeprom_serial_port(0)"});
+    state().eeprom.serial_port = 2;
+    EXPECT_EQ(restore_calls(on, "serial"), Calls{"set_eeprom_serial_port(1)"});
+}
+
+TEST_F(Services, RestorePortMirror) {
+    const auto document = [&](const char* state, const char* source, const char* destination) {
+        return with(with(with(good, mirror, "enable state", state), mirror, "Source Port", source),
+                    mirror, "Destination Port", destination);
+    };
+    const auto expect = [](const std::string& text, const std::string& arguments) {
+        EXPECT_EQ(restore_calls(text, "PortMirror"),
+                  Calls{"U_FwdSetPortMirror(" + arguments + ")"});
+    };
+    expect(document("0", "3", "5"), "0, 0, -1, -1");
+    expect(document("2", "\"65537\"", "-1"), "2, 3, 0, 65534");
+    expect(without_section(good, mirror), "-1, 3, -1, -1");
+    expect(document("1", "3", "5"), "1, 3, 2, 4");
+    EXPECT_NE(backup().find("enable state      = \"1\" ;\nSource Port       = \"3\" ;\n"
+                            "Destination Port  = \"5\" ;\n"),
+              std::string::npos);
+    state().port_mirror = {0, 3, 2, 4}; // off: as they are
+    EXPECT_NE(backup().find("Source Port       = \"2\" ;\nDestination Port  = \"4\" ;\n"),
+              std::string::npos);
+}
+
+TEST_F(Services, RestoreSntp) {
+    const auto expect_client = [](const std::string& lines, const std::string& arguments) {
+        EXPECT_EQ(restore_calls("[sntp setting]\n" + lines, "MSNTP"),
+                  Calls{"U_SysSetMSNTP(" + arguments + ", 0)"});
+    };
+    const std::string off = R"(0, 0, "0.pool.ntp.org", "1.pool.ntp.org", 60)";
+    const std::string client = "Time Zone = 9\nTime Server Query Period (Sec) = 600\n"
+                               "NTP Public Server1 = a\nNTP Public Server2 = b\n";
+    const std::string mode_line = "Time and Date Setting :mode = ";
+    expect_client(mode_line + "\"1\"\n" + client, R"(1, 9, "a", "b", 600)");
+    for (const char* word : {"01", "true", "2", "0", "\"1 \""}) {
+        expect_client(mode_line + word + "\n" + client, off);
+    }
+    expect_client(client, off);
+    expect_client("", off);
+    expect_client(mode_line + "1\n", R"(1, 0, "", "", 0)");
+    const std::string manual = mode_line + "1\nNTP Server = 1\nTime Zone = 300\n";
+    state().sntp.server1 = "first";
+    state().sntp.server2 = "second";
+    expect_client(manual + "NTP Manual Server name = \"a name of more than 31 characters\"\n",
+                  R"(1, 44, "first", "a name of more than 31 characte", 0)");
+    state().sntp.server2 = "second";
+    expect_client(manual, R"(1, 44, "first", "second", 0)");
+}
+
+TEST_F(Services, RestoreDaylight) {
+    const auto expect_rule = [](const std::string& lines, const std::string& arguments) {
+        EXPECT_EQ(restore_calls("[sntp setting]\n" + lines, "Daylight"),
+                  Calls{"U_SysSetDaylight(" + arguments + ")"});
+    };
+    const std::string rule = "Start Date(Month)=1\nStart Date(Week)=2\nStart Date(Day)=3\n"
+                             "Start Date(Hour)=4\nEnd Date(Month)=5\nEnd Date(Week)=6\n"
+                             "End Date(Day)=257\nOffset=-1\n";
+    expect_rule("Daylight saving :enable state = 1\n" + rule, "1, 1, 2, 3, 4, 5, 6, 1, 0, 255");
+    expect_rule("Daylight saving :enable state = 01\n" + rule, "0, 0, 0, 0, 0, 0, 0, 0, 0, 0");
+    expect_rule("", "0, 0, 0, 0, 0, 0, 0, 0, 0, 0");
+}
+
+TEST_F(Services, ClockLines) {
+    fixed_time = 1709782503; // 2024-03-07 03:35:03 UTC
+    state().sntp.client_enabled = 0;
+    state().daylight.enabled = 0;
+    const std::pair<const char*, const char*> zones[] = {
+        {"IST-5:30", "\"07.03.2024\" ;\nTime       = \"09:05:03\" ;\n"},
+        {"HST10", "\"06.03.2024\" ;\nTime       = \"17:35:03\" ;\n"}};
+    for (const auto& [zone, lines] : zones) {
+        setenv("TZ", zone, 1);
+        tzset();
+        const std::string document = backup();
+        EXPECT_NE(document.find(std::string("[sntp setting]\n"
+                                            "Time and Date Setting :mode = \"0\" ;\n"
+                                            "Date       = ") +
+                                lines + "Daylight saving :enable state = \"0\" ;\n\n"),
+                  std::string::npos)
+            << zone;
+        EXPECT_EQ(check(document), "");
+    }
+    unsetenv("TZ");
+    tzset();
+}
+
+// A flag that is neither 0 nor 1 chooses the shape of 1, and is written as 0.
+TEST_F(Services, SntpFlagsOtherThanOne) {
+    state().sntp.client_enabled = 2;
+    state().sntp.manual = 2;
+    state().sntp.ip_or_domain = 2;
+    state().daylight.enabled = 2;
+    const std::string document = backup();
+    EXPECT_NE(document.find(":mode = \"0\" ;\nNTP Server = \"0\" ;\n"), std::string::npos);
+    EXPECT_NE(document.find("IP/Domain = \"0\" ;\nNTP Manual Server name = \"ntp2.example.com\" "
+                            ";\nDaylight saving :enable state = \"0\" ;\nStart Date(Month)"),
+              std::string::npos);
+}
+
+TEST_F(Services, PeriodicBackup) {
+    const auto expect = [](const std::string& lines, const std::string& fields) {
+        EXPECT_EQ(restore_calls("[Periodic Back-Up]\n" + lines, "Periodic"),
+                  Calls{"U_SetPeriodicSetting(TstFlshPeriodic{" + fields + "})"});
+    };
+    const std::string nothing = "backUp=0, tm_hour=0, tm_min=0, serverIp=0.0.0.0";
+    expect("", nothing);
+    expect("Enable State = 01\n", nothing);
+    expect("Enable State = 1.0\n", nothing);
+    expect(
+        "Enable State = 1\nPeriod Hour = 99\nPeriod Minute = 65537\nTFTP ServerIP = 3232238151\n",
+        "backUp=1, tm_hour=99, tm_min=1, serverIp=192.168.10.71");
+    for (const auto& [address, text] :
+         {std::pair<std::uint32_t, const char*>{0x80000000, "-2147483648"},
+          {0xffffffff, "-1"},
+          {0x7fffffff, "2147483647"}}) {
+        state().periodic_backup.server = {address};
+        const std::string document = backup();
+        EXPECT_NE(document.find("TFTP ServerIP     = \"" + std::string(text) + "\" ;\n"),
+                  std::string::npos);
+        state().periodic_backup = {};
+        restore(document);
+        EXPECT_EQ(state().periodic_backup.server.value, address);
+    }
+}
+
+TEST_F(Services, AlarmLevels) {
+    const std::pair<std::uint8_t, const char*> levels[] = {
+        {100, "Disabled"},  {0, "LOG_EMERG"},  {1, "LOG_ALERT"}, {2, "LOG_CRIT"}, {3, "LOG_ERR"},
+        {4, "LOG_WARNING"}, {5, "LOG_NOTICE"}, {6, "LOG_INFO"},  {7, "LOG_DEBUG"}};
+    for (const auto& [level, word] : levels) {
+        state().warnings.syslog_level = level;
+        const std::string document = backup();
+        EXPECT_NE(document.find("syslog_level_alarm    = \"" + std::string(word) + "\" ;\n"),
+                  std::string::npos);
+        state().warnings.syslog_level = 50;
+        restore(document);
+        EXPECT_EQ(state().warnings.syslog_level, level);
+    }
+    for (const int level : {8, 99, 228}) {
+        state().warnings.syslog_level = static_cast<std::uint8_t>(level);
+        EXPECT_EQ(backup().find("syslog_level_alarm"), std::string::npos) << level;
+    }
+    EXPECT_EQ(
+        restore_calls(with(good, warning, "syslog_level_alarm", "\"Disable\""), "EmailSyslog"),
+        Calls{"U_SysSetEmailSyslog(100)"});
+}
+
+TEST_F(Services, AlarmWords) {
+    const std::string words[] = {"Link UP",  "Link Down", "LinkUp/Down", "Disable",
+                                 "Disabled", "link up",   "Link UP ",    std::string(60, 'L')};
+    std::string document = "[warning/alarm setting]\n";
+    for (std::size_t i = 0; i < std::size(words); ++i) {
+        document += "PORT_" + std::to_string(i + 1) + " LINK_STATUS = \"" + words[i] + "\"\n";
+    }
+    document += "power_1 Power_status = Power On\npower_2 Power_status = Power Off\n";
+    const std::string no_port = ",0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0";
+    EXPECT_EQ(restore_calls(document, "SetEmail"),
+              (Calls{"U_SysSetEmailPort({1,2,3,0,0,0,0,0" + no_port + "})",
+                     "U_SysSetEmailPower({1,2})", "U_SysSetEmailSyslog(0)"}));
+    EXPECT_EQ(restore_calls("", "SetEmail"),
+              (Calls{"U_SysSetEmailPort({0,0,0,0,0,0,0,0" + no_port + "})",
+                     "U_SysSetEmailPower({0,0})", "U_SysSetEmailSyslog(0)"}));
+}
+
+TEST_F(Services, MorePortsThanAlarms) {
+    state().ports.physical = 255;
+    reset(state());
+    state().warnings.ports.at(31) = 1;
+    const std::string document = backup();
+    EXPECT_NE(document.find("port_32 Link_status    = \"Link UP\" ;\npower_1"), std::string::npos);
+    state().warnings = {};
+    restore(document);
+    EXPECT_EQ(state().warnings.ports.get(31), 1);
+}
+
+TEST_F(Services, RestoreSmtp) {
+    const std::string document = "[smtp setting]\nSMTP server = \"" + std::string(40, 's') +
+                                 "\"\nauthentication = 0\ntls/ssl = 1x\nusername = user\npassword "
+                                 "= \"12345678901234567890\"\n"
+                                 "mail recipient4 = \"" +
+                                 std::string(40, 'r') + "\"\n";
+    EXPECT_EQ(
+        restore_calls(document, "Smtp"),
+        (Calls{"U_FlshSmtpSetServer(\"" + std::string(31, 's') + "\")",
+               "U_FlshSmtpSetSendAdd(\"\")", "U_FlshSmtpSetSubject(\"\")",
+               "U_FlshSmtpSetUnamePwd(0, \"user\", \"123456789012345\")", "U_FlshSmtpSetTLS(1)",
+               "U_FlshSmtpSetRecAdd(\"\", \"\", \"\", \"" + std::string(31, 'r') + "\")"}));
+    EXPECT_EQ(changes().back(), "U_SysSetRelayConfig()");
+    EXPECT_EQ(restore_calls("[smtp setting]\nauthentication=511\ntls/ssl=x1\n", "Smtp"),
+              (Calls{"U_FlshSmtpSetServer(\"\")", "U_FlshSmtpSetSendAdd(\"\")",
+                     "U_FlshSmtpSetSubject(\"\")", "U_FlshSmtpSetUnamePwd(-1, \"\", \"\")",
+                     "U_FlshSmtpSetTLS(0)", "U_FlshSmtpSetRecAdd(\"\", \"\", \"\", \"\")"}));
+    EXPECT_EQ(changes().back(), "U_SysSetRelayConfig()");
+}
+
+TEST_F(Services, FailedReadsLeaveTheStartValue) {
+    state().https.enabled = 0;
+    state().smtp.authentication = 0;
+    state().smtp.tls = 0;
+    make_fail("U_FlshHTTPSGet,U_FlshSmtpGetUnamePwd,U_FlshSmtpGetTLS,Ui_SysLogFlashConfig:4");
+    const std::string document = backup();
+    EXPECT_NE(document.find("[https setting]\nenable state      = \"1\" ;\n"), std::string::npos);
+    EXPECT_NE(document.find("authentication          = \"1\" ;\ntls/ssl                 = \"1\" ;\n"
+                            "username                = \"\" ;\n"),
+              std::string::npos);
+    EXPECT_NE(document.find("system log server ip = \"0.0.0.0\" ;\nsystem log server port = 514 ;"),
+              std::string::npos)
+        << "each log setting is read on its own";
+}
+
+// Two devices as different as their documents can make them, each restored
+// with the document of the other.
+TEST_F(Services, RestoreOntoAnotherSwitch) {
+    simulator::State other;
+    other.eeprom.serial_port = 1;
+    other.modbus = {17, 1, 1502};
+    other.system_log = {0, 7, 1, {0xffffffff}, 65535, 0, 20, 0, 20};
+    other.lldp.enabled = 3;
+    other.port_mirror = {1, 3, 7, 0};
+    other.sntp = {1, 62, "first", "second", 86400, 0, 0, {}, {}};
+    other.daylight = {};
+    other.daylight.enabled = 0;
+    other.https.enabled = 0;
+    other.periodic_backup = {1, 23, 59, {0xe0000001}};
+    other.warnings = {{std::vector<std::uint8_t>{0, 1, 2, 3}}, {1, 2}, 6};
+    other.smtp = {"", "a", "b", 0, 0, "", "123456789012345", {"", "c", "", "d"}};
+    reset(other);
+    const std::string others = backup();
+    EXPECT_EQ(check(others), "");
+    restore(good);
+    EXPECT_EQ(backup(), good);
+    restore(others);
+    EXPECT_EQ(backup(), others);
+}
