@@ -4,6 +4,7 @@
  * compiler too. Every other operation is an empty stub.
  */
 #include "platform/include/accounts.h"
+#include "platform/include/acl.h"
 #include "platform/include/aes.h"
 #include "platform/include/converters.h"
 #include "platform/include/dot1x.h"
@@ -11,11 +12,15 @@
 #include "platform/include/login_server.h"
 #include "platform/include/macsec.h"
 #include "platform/include/port_masks.h"
+#include "platform/include/port_security.h"
 #include "platform/include/ports.h"
+#include "platform/include/qos.h"
 #include "platform/include/return_codes.h"
+#include "platform/include/rstp.h"
 #include "platform/include/snmp.h"
 #include "platform/include/start_up.h"
 #include "platform/include/system.h"
+#include "platform/include/vlan.h"
 
 #include <stdio.h>
 #include <string.h>
