@@ -5,6 +5,11 @@
 #include "sections/security/dot1x.h"
 #include "sections/security/static_sak.h"
 #include "sections/services/snmp.h"
+#include "sections/switching/acl.h"
+#include "sections/switching/port_security.h"
+#include "sections/switching/qos.h"
+#include "sections/switching/rstp.h"
+#include "sections/switching/vlan.h"
 #include "sections/system/identity.h"
 #include "sections/system/ports.h"
 
@@ -44,6 +49,15 @@ constexpr Section dot1x_port{backup_ini_dot1x_port, check_ini_dot1x_port, restor
 constexpr Section auth_server{backup_ini_authserver_settings, check_ini_authserver,
                               restore_ini_authserver, 0};
 
+constexpr Section vlan_settings{backup_ini_vlan_settings, check_ini_vlan, restore_ini_vlan, 0};
+constexpr Section rstp_settings{backup_ini_rstp_settings, check_ini_rstp, restore_ini_rstp, 0};
+constexpr Section port_security_settings{backup_ini_port_security_settings, nullptr,
+                                         restore_ini_port_security, 0};
+constexpr Section acl_settings{backup_ini_acl_settings, nullptr, restore_ini_acl, 0};
+constexpr Section qos_settings{backup_ini_qos_settings, nullptr, restore_ini_qos, 0};
+constexpr Section cos_queue_mapping{backup_ini_cos_queue_mapping, nullptr, nullptr, 0};
+constexpr Section dscp_mapping{backup_ini_dscp_mapping, nullptr, nullptr, 0};
+
 // A line of the document order: a banner, or a section.
 struct Place {
     const char* banner;
@@ -74,7 +88,14 @@ constexpr Place document_order[] = {
     section(dot1x_settings),
     section(dot1x_parameter),
     section(dot1x_port),
+    section(vlan_settings),
+    section(rstp_settings),
+    section(port_security_settings),
+    section(acl_settings),
     section(auth_server),
+    section(qos_settings),
+    section(cos_queue_mapping),
+    section(dscp_mapping),
 };
 
 // Check and restore. The order decides which of several faults is reported.
@@ -89,7 +110,14 @@ constexpr const Section* apply_order[] = {
     &dot1x_settings,
     &dot1x_parameter,
     &dot1x_port,
+    &vlan_settings,
+    &rstp_settings,
+    &port_security_settings,
+    &acl_settings,
     &auth_server,
+    &qos_settings, // the two mappings are applied with it
+    &cos_queue_mapping,
+    &dscp_mapping,
 };
 // clang-format on
 

@@ -30,7 +30,7 @@ protected:
 const std::set<std::string> counts = {
     "get_eeprom_macsec_port_type", "U_PortGetMode",     "account_getFromFlash",
     "U_SnmpGetCommunitySize",      "U_SnmpGetTrapSize", "U_SnmpGetUsmSize",
-    "U_FlshSnmpGetMode",
+    "U_FlshSnmpGetMode",           "U_FlshGetAcl",      "U_QosGetScheduleMode",
 };
 
 std::size_t sections(const std::string& document) {
