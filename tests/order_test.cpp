@@ -21,6 +21,16 @@ TEST_F(Order, FirstFaultOnly) {
         {"port settings", "port8", "7", "241\n"},
         {"port settings", "Port7 speed", nullptr, "242\n"},
         {"port settings", "Port8 speed", "7", "243\n"},
+        {"vlan setting", "port8_role", nullptr, "294\n"},
+        {"vlan setting", "port1_vlan", nullptr, "297\n"},
+        {"vlan setting", "port3_role", "\"Hybrid\"", "295\n"},
+        {"vlan setting", "port2_vlan", "\"one\"", "298\n"},
+        {"vlan setting", "management vlan id", nullptr, "301\n"},
+        {"vlan port isolation setting", "port1", "\"9\"", "330\n"},
+        {"vlan port isolation setting", "port2", nullptr, "329\n"},
+        {"rstp setting", "enable state", nullptr, "303\n"},
+        {"rstp setting", "mode", "\"0\"", "318\n"},
+        {"rstp setting", "priority", nullptr, "319\n"},
     };
     std::string document = good;
     for (auto fault = std::rbegin(faults); fault != std::rend(faults); ++fault) {
