@@ -84,6 +84,15 @@ int decimal_value(const char* text) {
     return static_cast<int>(static_cast<std::uint32_t>(number > UINT32_MAX ? UINT32_MAX : number));
 }
 
+Piece first_piece(const char* list) {
+    const char* text = list + strspn(list, ",");
+    return {text, strcspn(text, ",")};
+}
+
+Piece next_piece(const Piece& piece) {
+    return first_piece(piece.text + piece.length);
+}
+
 // The library's readers of numbers and booleans crash on an entry that is a
 // section, hence the look before they are called.
 

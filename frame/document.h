@@ -95,3 +95,14 @@ template <std::size_t Size>
 int read_decimal(const dictionary* ini, const char* entry) {
     return decimal_value(read_text<Size>(ini, entry).chars);
 }
+
+// A piece of a comma-separated list. It is not terminated: a comma or the end
+// of the list follows.
+struct Piece {
+    const char* text;
+    std::size_t length; // 0: there is no further piece
+};
+
+// The pieces of a list in turn; empty ones are skipped.
+Piece first_piece(const char* list);
+Piece next_piece(const Piece& piece);

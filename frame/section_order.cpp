@@ -9,6 +9,11 @@
 #include "sections/services/snmp.h"
 #include "sections/services/sntp.h"
 #include "sections/services/system_log.h"
+#include "sections/switching/acl.h"
+#include "sections/switching/port_security.h"
+#include "sections/switching/qos.h"
+#include "sections/switching/rstp.h"
+#include "sections/switching/vlan.h"
 #include "sections/system/identity.h"
 #include "sections/system/periodic_backup.h"
 #include "sections/system/ports.h"
@@ -67,6 +72,15 @@ constexpr Section warning_alarm{backup_ini_warning_alarm_settings, nullptr,
                                 restore_ini_warning_alarm, 0};
 constexpr Section smtp{backup_ini_smtp_settings, nullptr, restore_ini_smtp, 0};
 
+constexpr Section vlan_settings{backup_ini_vlan_settings, check_ini_vlan, restore_ini_vlan, 0};
+constexpr Section rstp_settings{backup_ini_rstp_settings, check_ini_rstp, restore_ini_rstp, 0};
+constexpr Section port_security_settings{backup_ini_port_security_settings, nullptr,
+                                         restore_ini_port_security, 0};
+constexpr Section acl_settings{backup_ini_acl_settings, nullptr, restore_ini_acl, 0};
+constexpr Section qos_settings{backup_ini_qos_settings, nullptr, restore_ini_qos, 0};
+constexpr Section cos_queue_mapping{backup_ini_cos_queue_mapping, nullptr, nullptr, 0};
+constexpr Section dscp_mapping{backup_ini_dscp_mapping, nullptr, nullptr, 0};
+
 // A line of the document order: a banner, or a section.
 struct Place {
     const char* banner;
@@ -99,15 +113,22 @@ constexpr Place document_order[] = {
     section(dot1x_settings),
     section(dot1x_parameter),
     section(dot1x_port),
+    section(vlan_settings),
+    section(rstp_settings),
     section(lldp),
+    section(port_security_settings),
     section(port_mirror),
     section(sntp),
+    section(acl_settings),
     section(https),
     section(auto_default),
     section(auth_server),
     section(periodic_backup),
     section(warning_alarm),
     section(smtp),
+    section(qos_settings),
+    section(cos_queue_mapping),
+    section(dscp_mapping),
 };
 
 // Check and restore. The order decides which of several faults is reported.
@@ -124,15 +145,22 @@ constexpr const Section* apply_order[] = {
     &dot1x_settings,
     &dot1x_parameter,
     &dot1x_port,
+    &vlan_settings,
+    &rstp_settings,
     &lldp,
     &sntp, // earlier than in the document: the first fault and the calls go by this
+    &port_security_settings,
     &port_mirror,
+    &acl_settings,
     &https,
     &auto_default,
     &auth_server,
     &periodic_backup,
     &warning_alarm,
     &smtp,
+    &qos_settings, // the two mappings are applied with it
+    &cos_queue_mapping,
+    &dscp_mapping,
 };
 // clang-format on
 

@@ -28,9 +28,17 @@ protected:
 
 // These tell how many keys or calls there are to be.
 const std::set<std::string> counts = {
-    "get_eeprom_macsec_port_type", "U_PortGetMode",     "account_getFromFlash",
-    "U_SnmpGetCommunitySize",      "U_SnmpGetTrapSize", "U_SnmpGetUsmSize",
-    "U_FlshSnmpGetMode",           "U_SysGetMSNTP",     "U_SysGetDaylight",
+    "get_eeprom_macsec_port_type",
+    "U_PortGetMode",
+    "account_getFromFlash",
+    "U_SnmpGetCommunitySize",
+    "U_SnmpGetTrapSize",
+    "U_SnmpGetUsmSize",
+    "U_FlshSnmpGetMode",
+    "U_SysGetMSNTP",
+    "U_SysGetDaylight",
+    "U_FlshGetAcl",
+    "U_QosGetScheduleMode",
 };
 
 std::size_t sections(const std::string& document) {

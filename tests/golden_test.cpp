@@ -54,6 +54,14 @@ TEST_F(Golden, RestoreOntoAnotherSwitchOfTheModel) {
     for (std::size_t port = 0; port < 8; ++port) {
         state().ports.ports.at(port).enabled = 0;
     }
+    const simulator::State other = device_from("other_switch.json");
+    state().vlan = other.vlan;
+    state().vlan.table = {{1, "", {}, {}}}; // check demands the management VLAN
+    state().rstp = other.rstp;
+    state().acl.rules = {};
+    state().qos = other.qos;
+    state().qos.dscp = {};
+    state().port_security = other.port_security;
     EXPECT_NE(backup(), document);
     EXPECT_EQ(check(document), "");
     restore(document);

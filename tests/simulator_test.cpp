@@ -40,6 +40,8 @@ TEST_F(Simulator, WhatItCannotHoldIsRefused) {
         {R"({"system": {"address": "192.168.1"}})", "IPv4"},
         {R"({"system": {"mac": "02:00"}})", "MAC"},
         {R"({"eeprom": {"fiber_speed": [1, 2, 3]}})", "fiber_speed"},
+        {R"({"ports": {"trunks": [[64]]}})", "set of ports"},
+        {R"({"ports": {"trunks": [[2, 1]]}})", "/ports/trunks"},
     };
     for (const auto& [text, named] : broken) {
         try {

@@ -80,11 +80,11 @@ TEST_F(System, PortTypeWidths) {
 }
 
 TEST_F(System, RestoreDeviceName) {
-    EXPECT_EQ(restore_calls(without(good, "system settings", "device name"), "Name"),
+    EXPECT_EQ(restore_calls(without(good, "system settings", "device name"), "SysInfo"),
               (Calls{"U_FlshSysInfoSetName(\"\")"}));
     EXPECT_EQ(restore_calls(with(good, "system settings", "device name",
                                  "\"123456789012345678901234567890\""),
-                            "Name"),
+                            "SysInfo"),
               (Calls{"U_FlshSysInfoSetName(\"12345678901234567890123456789\")"}));
 }
 
@@ -116,13 +116,13 @@ TEST_F(System, RestoreNetwork) {
 TEST_F(System, RestorePortsThatDiffer) {
     std::string document = with(good, "port settings", "port1", "0");
     document = with(document, "port settings", "port8", "255");
-    EXPECT_EQ(restore_calls(document, "U_Port"),
+    EXPECT_EQ(restore_calls(document, "U_PortSet"),
               (Calls{"U_PortSetEbl(0, 0)", "U_PortSetEbl(7, -1)", "U_PortSetSWreset()"}));
     // A stored 255 is not the document's -1.
-    EXPECT_EQ(restore_calls(document, "U_Port"),
+    EXPECT_EQ(restore_calls(document, "U_PortSet"),
               (Calls{"U_PortSetEbl(7, -1)", "U_PortSetSWreset()"}));
     // Without its keys every port is enabled.
-    EXPECT_EQ(restore_calls(without_section(document, "port settings"), "U_Port"),
+    EXPECT_EQ(restore_calls(without_section(document, "port settings"), "U_PortSet"),
               (Calls{"U_PortSetEbl(0, 1)", "U_PortSetEbl(7, 1)", "U_PortSetSWreset()"}));
 }
 

@@ -25,6 +25,12 @@ bool contains(const Mask& mask, uint8_t port) {
 
 } // namespace
 
+PortSet::PortSet(std::initializer_list<unsigned> ports) {
+    for (const unsigned port : ports) {
+        words[port / 32] |= 1U << (port % 32);
+    }
+}
+
 void U_LPortMaskClrAll(TstLPortMask* mask) {
     reads("U_LPortMaskClrAll", [&] { *mask = {}; });
 }
@@ -65,10 +71,16 @@ void U_PPortMaskOr(TstPPortMask* destination, const TstPPortMask* first,
         *first, *second);
 }
 
-// No trunk groups yet: every group is empty.
+// A group that the switch does not have is empty.
 uint16_t U_TrkLId2PMask(TstPPortMask* members, uint8_t logical_id) {
+    const auto& trunks = state().ports.trunks;
     return reads(
-        "U_TrkLId2PMask", [&] { *members = {}; }, logical_id);
+        "U_TrkLId2PMask",
+        [&] {
+            const auto group = static_cast<size_t>(logical_id) - g_ucMaxPhyPort;
+            *members = (group < trunks.size() ? trunks[group] : PortSet()).as<TstPPortMask>();
+        },
+        logical_id);
 }
 
 // Ports are named from 1, and so are the trunk groups that follow them.

@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -65,6 +66,22 @@ struct Address {
     ip_addr_t record = {};
 };
 
+// A set of ports 0 to 63, laid out like the masks of the contract.
+struct PortSet {
+    std::array<std::uint32_t, 2> words = {};
+
+    PortSet() = default;
+    PortSet(std::initializer_list<unsigned> ports);
+
+    template <typename Mask>
+    explicit PortSet(const Mask& mask) : words{{mask.ulMask[0], mask.ulMask[1]}} {}
+
+    template <typename Mask>
+    Mask as() const {
+        return {{words[0], words[1]}};
+    }
+};
+
 // Entries by the index of a port or slot. One beyond the last has the default.
 template <typename Entry>
 struct Indexed {
@@ -112,6 +129,7 @@ struct Ports {
     std::uint8_t physical = 8;
     std::uint8_t logical = 16;
     Indexed<Port> ports = factory_ports();
+    std::vector<PortSet> trunks; // the members of each group
 };
 
 struct Account {
@@ -284,6 +302,101 @@ struct Smtp {
     std::array<Field<32>, 4> recipients = {"maintenance@example.com", "", "", ""};
 };
 
+struct StaticVlan {
+    std::uint16_t id = 0;
+    Field<16> name;
+    PortSet members;
+    PortSet tagged;
+};
+
+struct Vlan {
+    std::array<std::int32_t, 8> roles = {0, 0, 0, 0, 0, 0, 1, 1}; // VLAN_ROLE_ACCESS, _TRUNK
+    std::array<Field<1024>, 8> lists = {"1", "1", "1", "10", "10", "20", "1,10,20", "1,10-12,20"};
+    std::vector<StaticVlan> table = {{1, "default", {0, 1, 2, 6, 7}, {6, 7}},
+                                     {10, "drives", {3, 4, 6, 7}, {6, 7}},
+                                     {11, "VLAN0011", {7}, {7}},
+                                     {12, "VLAN0012", {7}, {7}},
+                                     {20, "cameras", {5, 6, 7}, {6, 7}}};
+    std::uint16_t management = 1;
+    std::int32_t verdict = 0; // of check_vlan_data on whatever has no other fault
+    std::array<PortSet, 8> isolation = {{{1, 2, 3, 4, 5, 6, 7, 8},
+                                         {0, 2, 3, 4, 5, 6, 7, 8},
+                                         {0, 1, 3, 4, 5, 6, 7, 8},
+                                         {0, 1, 2, 4, 6, 7, 8},
+                                         {0, 1, 2, 3, 6, 7, 8},
+                                         {6, 7, 8},
+                                         {0, 1, 2, 3, 4, 5, 7, 8},
+                                         {0, 1, 2, 3, 4, 5, 6, 8}}};
+};
+
+struct RstpPort {
+    std::int8_t edge = 0;
+    std::int8_t excluded = 0;
+    std::int8_t bpdu_guard = 0;
+    std::uint8_t root_guard = 0;
+    std::uint8_t bpdu_filter = 0;
+};
+
+// Two edge ports with BPDU guard, and one that takes no part.
+Indexed<RstpPort> factory_rstp_ports();
+
+struct Rstp {
+    std::int8_t enabled = 1;
+    std::uint8_t version = 2; // STP_VERSION_RSTP
+    std::uint16_t priority = 32768;
+    std::uint8_t bpdu_guard = 0;
+    std::uint32_t bpdu_guard_interval = 300;
+    Indexed<RstpPort> ports = factory_rstp_ports();
+};
+
+struct AclRule {
+    std::uint16_t index = 0; // 0: an empty slot
+    Field<32> name;
+    std::uint32_t conditions = 0;
+    Mac mac;
+    Mac mac_mask;
+    Ipv4 ip;
+    Ipv4 ip_mask;
+    PortSet ports;
+    std::uint32_t policy = 1; // ACL_POLICY_NULL
+};
+
+// The rules by their slots. The set of a rule that a restore has put in has port 8.
+struct Acl {
+    Indexed<AclRule> rules = {
+        {{1,
+          "cabinet only",
+          1,
+          {{0x02, 0x00, 0x5e, 0x10, 0, 0}},
+          {{0xff, 0xff, 0xff, 0xff, 0, 0}},
+          {},
+          {},
+          {0, 1, 2, 8},
+          1},
+         {2, "no office", 64, {}, {}, {0xc0a81400}, {0xffffff00}, {0, 1, 2, 3, 4, 5, 6, 7, 8}, 2}}};
+};
+
+struct Qos {
+    std::uint16_t scheduling = 0; // QOS_WEIGHTED_ROUND_ROBIN
+    std::array<std::uint32_t, 8> weights = {1, 2, 3, 4, 5, 6, 7, 8};
+    std::int32_t classification = 3; // IEE_PCP_PLUS_IP_DSCP
+    std::array<std::uint8_t, 8> cos = {1, 0, 2, 3, 4, 5, 6, 7};
+    std::array<std::uint8_t, 64> dscp = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1,
+                                         2, 2, 2, 2, 2, 2, 2, 2, 3, 3, 3, 3, 3, 3, 3, 3,
+                                         4, 4, 4, 4, 4, 4, 4, 4, 5, 5, 5, 5, 5, 5, 5, 5,
+                                         6, 6, 6, 6, 6, 6, 6, 6, 7, 7, 7, 7, 7, 7, 7, 7};
+};
+
+struct SecuredPort {
+    std::uint8_t action = 0;
+    std::uint16_t maximum = 1;
+};
+
+struct PortSecurity {
+    std::int8_t enabled = 0;
+    std::array<SecuredPort, 32> ports = {{{1, 4}, {1, 4}, {0, 128}}};
+};
+
 struct State {
     Eeprom eeprom;
     System system;
@@ -303,6 +416,11 @@ struct State {
     Warnings warnings;
     Smtp smtp;
     LoginServer login_server;
+    Vlan vlan;
+    Rstp rstp;
+    Acl acl;
+    Qos qos;
+    PortSecurity port_security;
 };
 
 State& state();

@@ -75,6 +75,28 @@ void from_json(const json& value, Address& address) {
     address.record = *record;
 }
 
+constexpr unsigned ports_in_set = 64;
+
+// The ports, ascending.
+void to_json(json& value, const PortSet& set) {
+    value = json::array();
+    for (unsigned port = 0; port < ports_in_set; ++port) {
+        if ((set.words[port / 32] >> (port % 32) & 1U) != 0) {
+            value.push_back(port);
+        }
+    }
+}
+
+void from_json(const json& value, PortSet& set) {
+    set = {};
+    for (const unsigned port : value.get<std::vector<unsigned>>()) {
+        if (port >= ports_in_set) {
+            throw std::runtime_error(value.dump() + " is no set of ports");
+        }
+        set.words[port / 32] |= 1U << (port % 32);
+    }
+}
+
 template <typename Entry>
 void to_json(json& value, const Indexed<Entry>& ports) {
     value = ports.entries;
@@ -91,7 +113,7 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(System, mac, firmware_major, fir
                                                 firmware_date, name, dhcp, address, mask, gateway,
                                                 dns)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Port, enabled, mode)
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Ports, physical, logical, ports)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Ports, physical, logical, ports, trunks)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Account, empty, name, password, access_right)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Accounts, slots, minimum_length, maximum_length)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(SnmpCommunity, community, permission)
@@ -127,10 +149,24 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(PeriodicBackup, enabled, hour, m
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Warnings, ports, powers, syslog_level)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Smtp, server, sender, subject, authentication, tls,
                                                 username, password, recipients)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(StaticVlan, id, name, members, tagged)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Vlan, roles, lists, table, management, verdict,
+                                                isolation)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(RstpPort, edge, excluded, bpdu_guard, root_guard,
+                                                bpdu_filter)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Rstp, enabled, version, priority, bpdu_guard,
+                                                bpdu_guard_interval, ports)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(AclRule, index, name, conditions, mac, mac_mask, ip,
+                                                ip_mask, ports, policy)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Acl, rules)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(Qos, scheduling, weights, classification, cos, dscp)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(SecuredPort, action, maximum)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(PortSecurity, enabled, ports)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(State, eeprom, system, accounts, ports, snmp,
                                                 macsec, dot1x, modbus, system_log, lldp,
                                                 port_mirror, sntp, daylight, https, periodic_backup,
-                                                warnings, smtp, login_server)
+                                                warnings, smtp, login_server, vlan, rstp, acl, qos,
+                                                port_security)
 
 namespace {
 

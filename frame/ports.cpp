@@ -1,0 +1,61 @@
+#include "frame/ports.h"
+
+#include "frame/document.h"
+
+PortList parse_port_list(const char* list) {
+    PortList ports = {};
+    ports.has[listed_ports] = true;
+    for (Piece piece = first_piece(list); piece.length != 0; piece = next_piece(piece)) {
+        const int number = decimal_value(piece.text);
+        if (number >= 1 && number <= listed_ports) {
+            ports.has[number - 1] = true;
+        }
+    }
+    return ports;
+}
+
+void write_port_list(FILE* ini_file, const TstLPortMask& ports, int count) {
+    const char* separator = "";
+    for (int port = 0; port < count; ++port) {
+        if (U_LPortMaskGetPort(&ports, static_cast<std::uint8_t>(port)) != 0) {
+            fprintf(ini_file, "%s%d", separator, key_number(port));
+            separator = ",";
+        }
+    }
+}
+
+namespace {
+
+// The id behind the last physical port goes through as a port, not as a trunk
+// group: it is the one of the port that is in every list.
+bool is_trunk(std::uint8_t logical_id) {
+    return logical_id > g_ucMaxPhyPort;
+}
+
+void add_members(TstPPortMask& ports, std::uint8_t trunk) {
+    TstPPortMask members = {};
+    TstPPortMask others = {};
+    U_PPortMaskClrAll(&members);
+    U_PPortMaskClrAll(&others);
+    U_TrkLId2PMask(&members, trunk);
+    U_PPortMaskCopy(&others, &ports);
+    U_PPortMaskOr(&ports, &members, &others);
+}
+
+} // namespace
+
+TstPPortMask physical_ports(const TstLPortMask& logical_ports) {
+    TstPPortMask ports = {};
+    U_PPortMaskClrAll(&ports);
+    for (std::uint8_t id = 0; id < g_ucMaxLogicPort; ++id) {
+        if (U_LPortMaskGetPort(&logical_ports, id) == 0) {
+            continue;
+        }
+        if (is_trunk(id)) {
+            add_members(ports, id);
+        } else {
+            U_PPortMaskSetPort(&ports, id);
+        }
+    }
+    return ports;
+}

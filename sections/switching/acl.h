@@ -1,0 +1,7 @@
+// "Acl setting": the rules of the access control list. Check accepts them as they are.
+#pragma once
+
+#include "frame/document.h"
+
+void backup_ini_acl_settings(FILE* ini_file);
+void restore_ini_acl(const dictionary* ini);

@@ -1,0 +1,60 @@
+// Switches are on when their text is "1", and off for any other.
+
+#include "sections/switching/port_security.h"
+
+#include "frame/ports.h"
+#include "platform/include/port_security.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// The library's record ends there.
+int secured_ports() {
+    return std::min<int>(g_ucMaxPhyPort, std::size(TstFlshPortSecMac().port_max_mac));
+}
+
+} // namespace
+
+void backup_ini_port_security_settings(FILE* ini_file) {
+    TstFlshPortSecMac security = {};
+    write_section_line(ini_file, "port security setting");
+    U_FlshPortSecMacGet(&security);
+    fprintf(ini_file, "global_state = \"%d\" ;\n", security.gblebl != 0 ? 1 : 0);
+    for (int port = 0; port < secured_ports(); ++port) {
+        const port_mac_t& entry = security.port_max_mac[port];
+        fprintf(ini_file, "port%d_port_state =\"%d\" ;\n", key_number(port),
+                entry.Action == 1 ? 1 : 0);
+        fprintf(ini_file, "port%d_Maximum_MAC  = \"%d\" ;\n", key_number(port), entry.MaxMac);
+    }
+}
+
+namespace {
+
+std::uint8_t read_switch(const dictionary* ini, const char* entry) {
+    return strcmp(read_text<64>(ini, entry).chars, "1") == 0 ? 1 : 0;
+}
+
+void restore_port(const dictionary* ini, int port, char global) {
+    const int number = key_number(port);
+    const std::uint8_t enabled =
+        read_switch(ini, EntryName("port security setting:port%d_port_state", number));
+    const int maximum =
+        read_decimal<64>(ini, EntryName("port security setting:port%d_Maximum_MAC", number));
+    U_PortSecSwitchMac(static_cast<std::uint8_t>(port), enabled, global,
+                       static_cast<std::uint16_t>(maximum));
+}
+
+} // namespace
+
+// The record is stored with nothing but the global switch first; the ports then
+// bring in their own settings.
+void restore_ini_port_security(const dictionary* ini) {
+    TstFlshPortSecMac security = {};
+    security.gblebl = static_cast<char>(read_switch(ini, "port security setting:global_state"));
+    U_FlshPortSecMacSet(&security);
+    for (int port = 0; port < secured_ports(); ++port) {
+        restore_port(ini, port, security.gblebl);
+    }
+}
