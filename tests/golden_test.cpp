@@ -1,20 +1,33 @@
 // The document of whole switches, byte for byte, and back again.
+//
+// With UPDATE_GOLDEN=1 in the environment the files in tests/data are written
+// instead of compared: look at what changes in them.
 
 #include "tests/support/switch_test.h"
+
+#include <cstdlib>
 
 using simulator::reset;
 using simulator::state;
 
 class Golden : public SwitchTest {};
 
+static void expect_golden(const std::string& content, const std::string& name) {
+    const std::string path = std::string(TEST_DATA "/") + name;
+    if (std::getenv("UPDATE_GOLDEN") != nullptr) {
+        write_file(path, content);
+    }
+    EXPECT_EQ(content, read_file(path));
+}
+
 TEST_F(Golden, FactorySwitch) {
-    EXPECT_EQ(backup(), read_file(TEST_DATA "/factory_switch.ini"));
+    expect_golden(backup(), "factory_switch.ini");
 }
 
 // Ten ports without fibre speeds, and nothing configured that can be absent.
 TEST_F(Golden, OtherSwitch) {
     reset(device_from("other_switch.json"));
-    EXPECT_EQ(backup(), read_file(TEST_DATA "/other_switch.ini"));
+    expect_golden(backup(), "other_switch.ini");
 }
 
 TEST_F(Golden, SwitchWithoutPorts) {
@@ -38,7 +51,7 @@ TEST_F(Golden, RestoreOfTheOwnBackup) {
     for (const std::string& call : restore(document)) {
         calls += call + "\n";
     }
-    EXPECT_EQ(calls, read_file(TEST_DATA "/factory_switch.calls"));
+    expect_golden(calls, "factory_switch.calls");
     EXPECT_EQ(backup(), document);
 }
 

@@ -369,6 +369,11 @@ TEST_F(Services, MorePortsThanAlarms) {
 }
 
 TEST_F(Services, RestoreSmtp) {
+    const auto last_of_section = [] {
+        const Calls calls = changes();
+        EXPECT_EQ(calls.back(), "U_QosInit()"); // these documents have no section of it
+        return calls[calls.size() - 2];
+    };
     const std::string document = "[smtp setting]\nSMTP server = \"" + std::string(40, 's') +
                                  "\"\nauthentication = 0\ntls/ssl = 1x\nusername = user\npassword "
                                  "= \"12345678901234567890\"\n"
@@ -380,12 +385,12 @@ TEST_F(Services, RestoreSmtp) {
                "U_FlshSmtpSetSendAdd(\"\")", "U_FlshSmtpSetSubject(\"\")",
                "U_FlshSmtpSetUnamePwd(0, \"user\", \"123456789012345\")", "U_FlshSmtpSetTLS(1)",
                "U_FlshSmtpSetRecAdd(\"\", \"\", \"\", \"" + std::string(31, 'r') + "\")"}));
-    EXPECT_EQ(changes().back(), "U_SysSetRelayConfig()");
+    EXPECT_EQ(last_of_section(), "U_SysSetRelayConfig()");
     EXPECT_EQ(restore_calls("[smtp setting]\nauthentication=511\ntls/ssl=x1\n", "Smtp"),
               (Calls{"U_FlshSmtpSetServer(\"\")", "U_FlshSmtpSetSendAdd(\"\")",
                      "U_FlshSmtpSetSubject(\"\")", "U_FlshSmtpSetUnamePwd(-1, \"\", \"\")",
                      "U_FlshSmtpSetTLS(0)", "U_FlshSmtpSetRecAdd(\"\", \"\", \"\", \"\")"}));
-    EXPECT_EQ(changes().back(), "U_SysSetRelayConfig()");
+    EXPECT_EQ(last_of_section(), "U_SysSetRelayConfig()");
 }
 
 TEST_F(Services, FailedReadsLeaveTheStartValue) {
