@@ -12,6 +12,9 @@ struct Secret {
     Secret(const Secret&) = delete;
     Secret& operator=(const Secret&) = delete;
     ~Secret() { explicit_bzero(chars, sizeof chars); }
+
+    // The same bytes for device operations that take text as unsigned bytes.
+    unsigned char* bytes() { return reinterpret_cast<unsigned char*>(chars); }
 };
 
 // A record of the device library with secrets in it.

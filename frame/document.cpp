@@ -73,6 +73,14 @@ const char* read_string(const dictionary* ini, const char* entry, const char* fa
     return value != nullptr ? value : fallback;
 }
 
+bool is_absent(const char* text) {
+    return strcmp(text, absent) == 0;
+}
+
+bool is_exactly_one(const dictionary* ini, const char* entry) {
+    return strcmp(read_string(ini, entry, ""), "1") == 0;
+}
+
 // The reading of atoi, but the same on every machine where it leaves off: a
 // number from 2^31 to 2^32 - 1 gives its 32 bits, a larger one 32 one bits, a
 // smaller one than -2^31 the least number.

@@ -76,6 +76,14 @@ constexpr long signed_32_bits(std::uint32_t value) {
 // The whole value. It belongs to the dictionary and lives as long.
 const char* read_string(const dictionary* ini, const char* entry, const char* fallback);
 
+// The fallback of texts that must be told from absent ones. A value of "-1"
+// counts as absent too, as it does for a number.
+inline constexpr char absent[] = "-1";
+bool is_absent(const char* text);
+
+// Whether the value is the text "1" and no other that reads as 1.
+bool is_exactly_one(const dictionary* ini, const char* entry);
+
 int read_int(const dictionary* ini, const char* entry, int fallback);
 
 int read_boolean(const dictionary* ini, const char* entry, int fallback);

@@ -37,12 +37,12 @@ int check_number(const dictionary* ini, FILE* error_file, const char* entry, Fau
     return check_value(error_file, read_int(ini, entry, -1), codes, accepts);
 }
 
-// The same for a text: "-1" is what an absent one reads as, and counts as absent.
+// The same for a text.
 template <typename Validator>
 int check_text(const dictionary* ini, FILE* error_file, const char* entry, FaultCodes codes,
                Validator accepts) {
-    const char* text = read_string(ini, entry, "-1");
-    if (strcmp(text, "-1") == 0) {
+    const char* text = read_string(ini, entry, absent);
+    if (is_absent(text)) {
         return report_fault(error_file, codes.not_found);
     }
     return accepts(text) ? 0 : report_fault(error_file, codes.invalid);

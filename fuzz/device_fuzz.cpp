@@ -57,6 +57,13 @@ void change(json& value, FuzzedDataProvider& source) {
     }
 }
 
+// Without the line of the clock, which goes on.
+std::string without_time(std::string document) {
+    const std::size_t line = document.find("\nTime       = ");
+    return line == std::string::npos ? document
+                                     : document.erase(line, sizeof "\nTime       = \"00:00:00\"");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -72,7 +79,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
 
     const std::string document = fuzz::backup();
-    fuzz::require(document == fuzz::backup(), "two backups differ", document);
+    fuzz::require(without_time(document) == without_time(fuzz::backup()), "two backups differ",
+                  document);
     dictionary* ini = fuzz::load(document);
     fuzz::require(ini != nullptr || !can_be_carried, "the backup cannot be loaded", document);
     if (ini != nullptr) {

@@ -21,7 +21,7 @@ static_assert(sizeof(TstFlshPeriodic) == 12, "an address on a 4-byte boundary");
 
 /* 0 (USR_RET_OK) or a fault; a read that fails leaves the record as it was. */
 unsigned short U_GetPeriodicSetting(TstFlshPeriodic* setting);
-unsigned short U_SetPeriodicSetting(const TstFlshPeriodic* setting);
+unsigned short U_SetPeriodicSetting(TstFlshPeriodic* setting);
 
 #ifdef __cplusplus
 }

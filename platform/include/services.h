@@ -14,11 +14,11 @@ extern "C" {
 
 /* LLDP's state: 1 when it is on; 3 switches it off. */
 unsigned short U_LldpGetEnable(unsigned char* enabled);
-unsigned short U_LldpSetEnable(const unsigned char* enabled);
+unsigned short U_LldpSetEnable(unsigned char* enabled);
 
 /* How long neighbours keep what LLDP tells them, and how often it does, in seconds. */
-unsigned short U_LldpSetTxTtl(const unsigned short* ttl);
-unsigned short U_LldpSetTxInterval(const unsigned short* interval);
+unsigned short U_LldpSetTxTtl(unsigned short* ttl);
+unsigned short U_LldpSetTxInterval(unsigned short* interval);
 
 /* 1 when the HTTPS web server is on, else 0. */
 unsigned short U_FlshHTTPSGet(char* enabled);

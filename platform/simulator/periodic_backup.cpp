@@ -25,7 +25,7 @@ unsigned short U_GetPeriodicSetting(TstFlshPeriodic* setting) {
     });
 }
 
-unsigned short U_SetPeriodicSetting(const TstFlshPeriodic* setting) {
+unsigned short U_SetPeriodicSetting(TstFlshPeriodic* setting) {
     return changes(
         "U_SetPeriodicSetting",
         [&] {

@@ -9,17 +9,17 @@ unsigned short U_LldpGetEnable(unsigned char* enabled) {
     return reads("U_LldpGetEnable", [&] { *enabled = state().lldp.enabled; });
 }
 
-unsigned short U_LldpSetEnable(const unsigned char* enabled) {
+unsigned short U_LldpSetEnable(unsigned char* enabled) {
     return changes(
         "U_LldpSetEnable", [&] { state().lldp.enabled = *enabled; }, +*enabled);
 }
 
-unsigned short U_LldpSetTxTtl(const unsigned short* ttl) {
+unsigned short U_LldpSetTxTtl(unsigned short* ttl) {
     return changes(
         "U_LldpSetTxTtl", [&] { state().lldp.ttl = *ttl; }, *ttl);
 }
 
-unsigned short U_LldpSetTxInterval(const unsigned short* interval) {
+unsigned short U_LldpSetTxInterval(unsigned short* interval) {
     return changes(
         "U_LldpSetTxInterval", [&] { state().lldp.interval = *interval; }, *interval);
 }

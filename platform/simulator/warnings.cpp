@@ -10,7 +10,7 @@ using namespace simulator;
 namespace {
 
 // Codes as a list, {3,0,2}.
-Written written_codes(const unsigned char* codes, int count) {
+Written written_codes(unsigned char* codes, int count) {
     std::string list;
     for (int i = 0; i < count; ++i) {
         list += (i == 0 ? "" : ",") + written(codes[i]);
@@ -28,7 +28,7 @@ unsigned short U_FlshSysGetEmailPort(unsigned char* codes) {
     });
 }
 
-unsigned short U_SysSetEmailPort(const unsigned char* codes) {
+unsigned short U_SysSetEmailPort(unsigned char* codes) {
     return changes(
         "U_SysSetEmailPort",
         [&] { state().warnings.ports.entries.assign(codes, codes + EMAIL_PORTS); },
@@ -42,7 +42,7 @@ unsigned short U_FlshSysGetEmailPower(unsigned char* codes) {
     });
 }
 
-unsigned short U_SysSetEmailPower(const unsigned char* codes) {
+unsigned short U_SysSetEmailPower(unsigned char* codes) {
     auto& powers = state().warnings.powers;
     return changes(
         "U_SysSetEmailPower", [&] { std::copy(codes, codes + powers.size(), powers.begin()); },
@@ -53,7 +53,7 @@ unsigned short U_SysGetEmailSyslog(unsigned char* level) {
     return reads("U_SysGetEmailSyslog", [&] { *level = state().warnings.syslog_level; });
 }
 
-unsigned short U_SysSetEmailSyslog(const unsigned char* level) {
+unsigned short U_SysSetEmailSyslog(unsigned char* level) {
     return changes(
         "U_SysSetEmailSyslog", [&] { state().warnings.syslog_level = *level; }, +*level);
 }

@@ -89,7 +89,7 @@ void restore_modbus_address(const dictionary* ini) {
     }
 }
 
-// The service does not start by being enabled alone.
+// The service that has just been switched on is started as well.
 void restore_modbus_status(const dictionary* ini) {
     const int status = read_int(ini, "modbus tcp settings:modbus", 0);
     if (status == stored_status()) {

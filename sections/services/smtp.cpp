@@ -3,7 +3,7 @@
 
 #include "sections/services/smtp.h"
 
-#include "codec/secret_codec.h"
+#include "codec/secret.h"
 #include "platform/include/smtp.h"
 
 namespace {
@@ -14,10 +14,6 @@ constexpr std::uint8_t text_size = 32;
 constexpr std::size_t password_size = 16;
 
 using StoredText = Text<text_size + 1>;
-
-std::uint8_t* bytes(Secret<password_size + 1>& secret) {
-    return reinterpret_cast<std::uint8_t*>(secret.chars);
-}
 
 void write_texts(FILE* ini_file) {
     StoredText server;
@@ -37,7 +33,7 @@ void write_login(FILE* ini_file) {
     char tls = 1;
     StoredText username;
     Secret<password_size + 1> password;
-    U_FlshSmtpGetUnamePwd(&authentication, username.bytes(), bytes(password));
+    U_FlshSmtpGetUnamePwd(&authentication, username.bytes(), password.bytes());
     U_FlshSmtpGetTLS(&tls);
     fprintf(ini_file, "authentication          = \"%d\" ;\n",
             static_cast<std::int8_t>(authentication));
@@ -83,8 +79,7 @@ void restore_ini_smtp(const dictionary* ini) {
     U_FlshSmtpSetServer(server.bytes());
     U_FlshSmtpSetSendAdd(sender.bytes());
     U_FlshSmtpSetSubject(subject.bytes());
-    U_FlshSmtpSetUnamePwd(static_cast<char>(authentication), username.bytes(),
-                          reinterpret_cast<const std::uint8_t*>(password.chars));
+    U_FlshSmtpSetUnamePwd(static_cast<char>(authentication), username.bytes(), password.bytes());
     U_FlshSmtpSetTLS(static_cast<char>(tls));
     U_FlshSmtpSetRecAdd(recipient1.bytes(), recipient2.bytes(), recipient3.bytes(),
                         recipient4.bytes());

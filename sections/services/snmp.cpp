@@ -174,13 +174,6 @@ void backup_ini_snmp_settings(FILE* ini_file) {
 
 namespace {
 
-// A text with the value "-1" counts as absent, as a number does.
-constexpr char absent[] = "-1";
-
-bool is_absent(const char* text) {
-    return strcmp(text, absent) == 0;
-}
-
 const char* read_numbered_string(const dictionary* ini, const char* name, int number) {
     return read_string(ini, EntryName("snmp settings:%s%d", name, number), absent);
 }

@@ -2,7 +2,8 @@
 // only; one that takes its time from servers writes the server, the zone and
 // the query period. A server is either given by hand ("NTP Server" 1) or one
 // of two public ones. The device has no operation to set which of them it is.
-// Restore takes only the text "1" for on, check any number but 0.
+// For client mode and daylight saving restore takes only the text "1" for on,
+// check any number but 0.
 
 #include "sections/services/sntp.h"
 
@@ -145,8 +146,10 @@ int check_ntp_server(const dictionary* ini, FILE* error_file) {
         return check_present(ini, error_file, "sntp setting:IP/Domain",
                              USR_RET_ERR_NTP_IP_DOMAIN_STATE_NOT_FOUND);
     }
-    return check_present(ini, error_file, "sntp setting:NTP Public Server1",
-                         USR_RET_ERR_NTP_PUBLIC_SERVER_STATE_NOT_FOUND);
+    const char* server = read_string(ini, "sntp setting:NTP Public Server1", absent);
+    return decimal_value(server) == -1
+               ? report_fault(error_file, USR_RET_ERR_NTP_PUBLIC_SERVER_STATE_NOT_FOUND)
+               : 0;
 }
 
 // The zone as the device takes it: -1 is 255, and 256 is 0.
@@ -189,55 +192,48 @@ int check_ini_sntp(const dictionary* ini, FILE* error_file) {
 
 namespace {
 
-bool is_on(const dictionary* ini, const char* entry) {
-    return strcmp(read_string(ini, entry, ""), "1") == 0;
-}
-
 std::uint8_t read_byte(const dictionary* ini, const char* entry) {
     return static_cast<std::uint8_t>(read_decimal<64>(ini, entry));
 }
 
-void read_public_servers(const dictionary* ini, Client& client) {
-    const auto server1 = read_text<name_size>(ini, "sntp setting:NTP Public Server1");
-    const auto server2 = read_text<name_size>(ini, "sntp setting:NTP Public Server2");
-    copy_text(client.server1.chars, server1.chars);
-    copy_text(client.server2.chars, server2.chars);
+// What is set is terminated within the field of the device.
+using SetName = Text<name_size>;
+
+struct SetServers {
+    SetName server1;
+    SetName server2;
+};
+
+SetServers public_servers(const dictionary* ini) {
+    return {SetName(read_string(ini, "sntp setting:NTP Public Server1", "")),
+            SetName(read_string(ini, "sntp setting:NTP Public Server2", ""))};
 }
 
 // Such a document does not carry the first server: the device keeps its own,
 // and both when the name is missing.
-void read_manual_server(const dictionary* ini, Client& client) {
+SetServers manual_server(const dictionary* ini) {
     const Client stored = stored_client();
-    const char* name =
-        read_string(ini, "sntp setting:NTP Manual Server name", stored.server2.chars);
-    const Text<name_size> server2(name);
-    client.server1 = stored.server1;
-    copy_text(client.server2.chars, server2.chars);
+    return {SetName(stored.server1.chars),
+            SetName(read_string(ini, "sntp setting:NTP Manual Server name", stored.server2.chars))};
 }
 
-Client read_client(const dictionary* ini) {
-    Client client;
-    if (!is_on(ini, "sntp setting:Time and Date Setting :mode")) {
-        copy_text(client.server1.chars, default_server1);
-        copy_text(client.server2.chars, default_server2);
-        client.query_period = default_query_period;
-        return client;
+// While client mode is off, everything goes back to its default.
+void restore_client(const dictionary* ini) {
+    if (!is_exactly_one(ini, "sntp setting:Time and Date Setting :mode")) {
+        U_SysSetMSNTP(0, 0, default_server1, default_server2, default_query_period, 0);
+        return;
     }
-    client.enabled = 1;
-    client.time_zone = read_byte(ini, "sntp setting:Time Zone");
-    client.query_period = static_cast<std::uint32_t>(
+    const std::uint8_t time_zone = read_byte(ini, "sntp setting:Time Zone");
+    const auto query_period = static_cast<std::uint32_t>(
         read_decimal<64>(ini, "sntp setting:Time Server Query Period (Sec)"));
-    if (is_on(ini, "sntp setting:NTP Server")) {
-        read_manual_server(ini, client);
-    } else {
-        read_public_servers(ini, client);
-    }
-    return client;
+    const bool manual = read_int(ini, "sntp setting:NTP Server", 0) != 0;
+    const SetServers servers = manual ? manual_server(ini) : public_servers(ini);
+    U_SysSetMSNTP(1, time_zone, servers.server1.chars, servers.server2.chars, query_period, 0);
 }
 
 Daylight read_daylight(const dictionary* ini) {
     Daylight rule;
-    if (!is_on(ini, "sntp setting:Daylight saving :enable state")) {
+    if (!is_exactly_one(ini, "sntp setting:Daylight saving :enable state")) {
         return rule;
     }
     rule.enabled = 1;
@@ -257,10 +253,8 @@ Daylight read_daylight(const dictionary* ini) {
 
 // Never sets the clock.
 void restore_ini_sntp(const dictionary* ini) {
-    const Client client = read_client(ini);
     const Daylight rule = read_daylight(ini);
-    U_SysSetMSNTP(client.enabled, client.time_zone, client.server1.chars, client.server2.chars,
-                  client.query_period, 0);
+    restore_client(ini);
     U_SysSetDaylight(rule.enabled, rule.start_month, rule.start_week, rule.start_day,
                      rule.start_hour, rule.end_month, rule.end_week, rule.end_day, rule.end_hour,
                      rule.offset);

@@ -111,7 +111,7 @@ int check_ini_systemLog_settings(const dictionary* ini, FILE* error_file) {
 
 namespace {
 
-// An address that does not convert is applied as 0.
+// An address that does not convert leaves the 0.
 void resotre_systemLog_settings1(const dictionary* ini) {
     const int event_to_flash = read_int(ini, "system log settings:system log event to flash", 0);
     const int level = read_int(ini, "system log settings:system log level", 0);

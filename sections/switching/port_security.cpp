@@ -33,7 +33,7 @@ void backup_ini_port_security_settings(FILE* ini_file) {
 namespace {
 
 std::uint8_t read_switch(const dictionary* ini, const char* entry) {
-    return strcmp(read_text<64>(ini, entry).chars, "1") == 0 ? 1 : 0;
+    return is_exactly_one(ini, entry) ? 1 : 0;
 }
 
 void restore_port(const dictionary* ini, int port, char global) {

@@ -20,13 +20,6 @@ constexpr int port_number = 8; // the width of the library's arrays
 constexpr int min_vlan_id = 1;
 constexpr int max_vlan_id = 4094;
 
-// A text with this value counts as missing.
-constexpr char absent[] = "-1";
-
-bool is_absent(const char* text) {
-    return strcmp(text, absent) == 0;
-}
-
 void write_port_vlans(FILE* ini_file, int ports) {
     vlan_data_t data = {};
     get_vlan_data(&data);

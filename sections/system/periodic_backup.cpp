@@ -18,8 +18,7 @@ void backup_ini_periodicbackup_settings(FILE* ini_file) {
 // as it is. A document without the section switches the backup off.
 void restore_ini_periodic_backup(const dictionary* ini) {
     TstFlshPeriodic setting = {};
-    const bool on = strcmp(read_string(ini, "Periodic Back-Up:Enable State", ""), "1") == 0;
-    setting.backUp = on ? 1 : 0;
+    setting.backUp = is_exactly_one(ini, "Periodic Back-Up:Enable State") ? 1 : 0;
     setting.tm_hour =
         static_cast<std::uint16_t>(read_decimal<128>(ini, "Periodic Back-Up:Period Hour"));
     setting.tm_min =

@@ -12,9 +12,6 @@ namespace {
 
 constexpr unsigned char lldp_on = 1;
 constexpr unsigned char lldp_off = 3;
-// Not in the document, and back to these with every restore. In seconds.
-constexpr unsigned short lldp_ttl = 120;
-constexpr unsigned short lldp_interval = 30;
 
 constexpr int mirror_mode = 3;
 constexpr int no_port = -1;
@@ -39,10 +36,13 @@ int check_ini_lldp(const dictionary* ini, FILE* error_file) {
 
 void restore_ini_lldp(const dictionary* ini) {
     const int state = read_int(ini, "lldp setting:enable state", -1);
-    const unsigned char enabled = state == 1 ? lldp_on : lldp_off;
+    unsigned char enabled = state == 1 ? lldp_on : lldp_off;
+    // Not in the document, and back to these with every restore. In seconds.
+    unsigned short ttl = 120;
+    unsigned short interval = 30;
     U_LldpSetEnable(&enabled);
-    U_LldpSetTxTtl(&lldp_ttl);
-    U_LldpSetTxInterval(&lldp_interval);
+    U_LldpSetTxTtl(&ttl);
+    U_LldpSetTxInterval(&interval);
 }
 
 // Ports count from 1 in the document, but while mirroring is off they are the

@@ -121,7 +121,7 @@ void restore_ini_warning_alarm(const dictionary* ini) {
         const EntryName entry("Warning/Alarm setting:power_%d power_status", power + 1);
         powers[power] = code_of(power_words, read_string(ini, entry, ""));
     }
-    const std::uint8_t level =
+    std::uint8_t level =
         code_of(level_words, read_string(ini, "Warning/Alarm setting:syslog_level_alarm", ""));
 
     U_SysSetEmailPort(ports);
