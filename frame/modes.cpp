@@ -5,23 +5,17 @@
 #include "frame/section_order.h"
 #include "platform/include/return_codes.h"
 
-#include <fcntl.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 std::uint32_t gKeepConfig = 0;
 
 namespace {
 
 FILE* create_private_file(const char* path) {
-    const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file < 0) {
-        return nullptr;
-    }
-    FILE* stream = fdopen(file, "w");
-    if (stream == nullptr) {
-        close(file);
-    }
-    return stream;
+    const mode_t mask = umask(S_IRWXG | S_IRWXO);
+    FILE* file = fopen(path, "w");
+    umask(mask);
+    return file;
 }
 
 void write_document(FILE* error_file) {

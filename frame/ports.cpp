@@ -2,21 +2,33 @@
 
 #include "frame/document.h"
 
-PortList parse_port_list(const char* list) {
-    PortList ports = {};
-    ports.has[listed_ports] = true;
+#include <algorithm>
+
+namespace {
+
+constexpr int ports_in_mask = 64;
+
+} // namespace
+
+void add_listed_ports(TstLPortMask& ports, const char* list, int left_out) {
+    bool listed[listed_ports + 1] = {};
+    listed[listed_ports] = true;
     for (Piece piece = first_piece(list); piece.length != 0; piece = next_piece(piece)) {
         const int number = decimal_value(piece.text);
         if (number >= 1 && number <= listed_ports) {
-            ports.has[number - 1] = true;
+            listed[number - 1] = true;
         }
     }
-    return ports;
+    for (int port = 0; port <= listed_ports; ++port) {
+        if (listed[port] && port != left_out) {
+            U_LPortMaskSetPort(&ports, static_cast<std::uint8_t>(port));
+        }
+    }
 }
 
 void write_port_list(FILE* ini_file, const TstLPortMask& ports, int count) {
     const char* separator = "";
-    for (int port = 0; port < count; ++port) {
+    for (int port = 0; port < std::min(count, ports_in_mask); ++port) {
         if (U_LPortMaskGetPort(&ports, static_cast<std::uint8_t>(port)) != 0) {
             fprintf(ini_file, "%s%d", separator, key_number(port));
             separator = ",";
@@ -26,8 +38,8 @@ void write_port_list(FILE* ini_file, const TstLPortMask& ports, int count) {
 
 namespace {
 
-// The id behind the last physical port goes through as a port, not as a trunk
-// group: it is the one of the port that is in every list.
+// The id right behind the last physical port goes through as a port, not as a
+// trunk group: with 8 ports it is the one that is part of every list.
 bool is_trunk(std::uint8_t logical_id) {
     return logical_id > g_ucMaxPhyPort;
 }
@@ -47,7 +59,8 @@ void add_members(TstPPortMask& ports, std::uint8_t trunk) {
 TstPPortMask physical_ports(const TstLPortMask& logical_ports) {
     TstPPortMask ports = {};
     U_PPortMaskClrAll(&ports);
-    for (std::uint8_t id = 0; id < g_ucMaxLogicPort; ++id) {
+    const int ids = std::min<int>(g_ucMaxLogicPort, ports_in_mask);
+    for (std::uint8_t id = 0; id < ids; ++id) {
         if (U_LPortMaskGetPort(&logical_ports, id) == 0) {
             continue;
         }

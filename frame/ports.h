@@ -11,18 +11,16 @@ constexpr int key_number(int port) {
     return port + 1;
 }
 
-// Lists of ports in the document, "1,2,4", name the ports 1 to 8. Logical port
-// 8, the one behind them, is never written, and is in every list that is read.
+// Lists of ports in the document, "1,2,4", are read as naming the ports 1 to 8.
 constexpr int listed_ports = 8;
 
-struct PortList {
-    bool has[listed_ports + 1]; // by port, from 0
-};
+// Adds the ports of a list to a set, and with them logical port 8, the one behind
+// those that a list can name: it is part of every list. A port that is left out
+// is not added. Numbers that are no such port are ignored.
+constexpr int none_left_out = -1;
+void add_listed_ports(TstLPortMask& ports, const char* list, int left_out);
 
-// Numbers that are no such port are ignored.
-PortList parse_port_list(const char* list);
-
-// Writes the ports below count that are in the set, ascending.
+// Writes the ports below count, and below 64, that are in the set, ascending.
 void write_port_list(FILE* ini_file, const TstLPortMask& ports, int count);
 
 // The physical ports behind a set of logical ports: trunk groups become their members.

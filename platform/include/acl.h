@@ -35,7 +35,7 @@ static_assert(offsetof(TstAclClassifier, ulSrcIp) == 16, "no gap");
 static_assert(offsetof(TstAclClassifier, ulSrcIpMask) == 20, "no gap");
 static_assert(offsetof(TstAclClassifier, pstSrcPortMask) == 24, "no gap");
 
-/* What is done with a frame that matches: permit, deny, or nothing. */
+/* What is done with a frame that matches: permit, deny, or disabled. */
 enum { ACL_POLICY_NULL = 1, ACL_POLICY_DROP = 2, ACL_POLICY_DISABLE = 3 };
 typedef struct {
     uint32_t ulBitMap;

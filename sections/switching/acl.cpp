@@ -15,6 +15,8 @@ namespace {
 
 constexpr int slots = 33;
 
+using MacText = Text<18>;
+
 const char* action_text(std::uint32_t policy) {
     switch (policy) {
     case ACL_POLICY_NULL:
@@ -26,8 +28,8 @@ const char* action_text(std::uint32_t policy) {
     }
 }
 
-Text<18> mac_text(bool present, const std::uint8_t* mac) {
-    Text<18> text;
+MacText mac_text(bool present, const std::uint8_t* mac) {
+    MacText text;
     if (present) {
         mac_to_str(text.chars, mac);
     }
@@ -89,7 +91,7 @@ namespace {
 
 // A missing text counts as given, and as one that nothing is made of.
 const char* read_rule_text(const dictionary* ini, int slot, const char* key) {
-    return read_string(ini, EntryName("Acl setting:Acl_Rule_%d %s", slot, key), "-1");
+    return read_string(ini, EntryName("Acl setting:Acl_Rule_%d %s", slot, key), absent);
 }
 
 // What does not convert stays zero.
@@ -114,14 +116,9 @@ void read_ip(const dictionary* ini, int slot, const char* key, TstAclClassifier&
 }
 
 TstPPortMask read_source_interface(const dictionary* ini, int slot) {
-    const PortList ports = parse_port_list(read_rule_text(ini, slot, "Source_Interface"));
     TstLPortMask mask = {};
     U_LPortMaskClrAll(&mask);
-    for (int port = 0; port <= listed_ports; ++port) {
-        if (ports.has[port]) {
-            U_LPortMaskSetPort(&mask, static_cast<std::uint8_t>(port));
-        }
-    }
+    add_listed_ports(mask, read_rule_text(ini, slot, "Source_Interface"), none_left_out);
     return physical_ports(mask);
 }
 

@@ -32,17 +32,13 @@ void backup_ini_port_security_settings(FILE* ini_file) {
 
 namespace {
 
-std::uint8_t read_switch(const dictionary* ini, const char* entry) {
-    return is_exactly_one(ini, entry) ? 1 : 0;
-}
-
 void restore_port(const dictionary* ini, int port, char global) {
     const int number = key_number(port);
-    const std::uint8_t enabled =
-        read_switch(ini, EntryName("port security setting:port%d_port_state", number));
+    const bool enabled =
+        is_exactly_one(ini, EntryName("port security setting:port%d_port_state", number));
     const int maximum =
         read_decimal<64>(ini, EntryName("port security setting:port%d_Maximum_MAC", number));
-    U_PortSecSwitchMac(static_cast<std::uint8_t>(port), enabled, global,
+    U_PortSecSwitchMac(static_cast<std::uint8_t>(port), enabled ? 1 : 0, global,
                        static_cast<std::uint16_t>(maximum));
 }
 
@@ -52,7 +48,7 @@ void restore_port(const dictionary* ini, int port, char global) {
 // bring in their own settings.
 void restore_ini_port_security(const dictionary* ini) {
     TstFlshPortSecMac security = {};
-    security.gblebl = static_cast<char>(read_switch(ini, "port security setting:global_state"));
+    security.gblebl = is_exactly_one(ini, "port security setting:global_state") ? 1 : 0;
     U_FlshPortSecMacSet(&security);
     for (int port = 0; port < secured_ports(); ++port) {
         restore_port(ini, port, security.gblebl);

@@ -140,17 +140,14 @@ void restore_bpdu_guard(const dictionary* ini) {
     if (enabled == missing && !has_interval) {
         return;
     }
-    TstBpduGuardCfg guard = {};
+    TstBpduGuardCfg stored = {};
     if (enabled == missing || !has_interval) {
-        U_FlshStpGetBpduGuardCfg(&guard);
+        U_FlshStpGetBpduGuardCfg(&stored);
     }
-    if (enabled != missing) {
-        guard.bEbl = static_cast<std::uint8_t>(enabled);
-    }
-    if (has_interval) {
-        guard.ulIntervalTime = static_cast<std::uint32_t>(read_int(ini, guard_interval_entry, 0));
-    }
-    U_StpSetBpduGuardCfg(static_cast<char>(guard.bEbl), guard.ulIntervalTime);
+    const int interval =
+        read_int(ini, guard_interval_entry, static_cast<int>(stored.ulIntervalTime));
+    U_StpSetBpduGuardCfg(static_cast<char>(enabled != missing ? enabled : stored.bEbl),
+                         static_cast<std::uint32_t>(interval));
 }
 
 int read_port_flag(const dictionary* ini, std::uint8_t port, const char* flag) {

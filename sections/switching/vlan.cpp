@@ -251,9 +251,9 @@ void restore_port_vlans(const dictionary* ini) {
         char msg[100];
     };
     static WorkBuffers buffers;
-    memset(&buffers, 0, sizeof buffers);
     vlan_data_t data = {};
     if (read_port_vlans(ini, data)) {
+        memset(&buffers, 0, sizeof buffers);
         check_vlan_data(&data, buffers.msg, buffers.table, buffers.removal_list);
         set_vlan_data(&data, buffers.msg, buffers.table, buffers.removal_list, apply);
     }
@@ -266,17 +266,8 @@ void restore_management_vlan(const dictionary* ini) {
     }
 }
 
-// A port is never in its own set.
-void set_isolation(TstLPortMask& mask, int own_port, const char* list) {
-    const PortList ports = parse_port_list(list);
-    for (int port = 0; port <= listed_ports; ++port) {
-        if (ports.has[port] && port != own_port) {
-            U_LPortMaskSetPort(&mask, static_cast<std::uint8_t>(port));
-        }
-    }
-}
-
-// The whole table is stored after each port. A port without a list keeps its set.
+// The whole table is stored after each port. A port is never in its own set,
+// and one without a list keeps the set it has.
 void restore_isolation(const dictionary* ini) {
     TstLPortMask none = {};
     TstFlshVlanPortBasedEntry table = {};
@@ -286,7 +277,7 @@ void restore_isolation(const dictionary* ini) {
         const char* list = read_isolation(ini, port);
         if (!is_absent(list)) {
             table.stPortMask[port] = none;
-            set_isolation(table.stPortMask[port], port, list);
+            add_listed_ports(table.stPortMask[port], list, port);
             U_FlshVlanSetPortBasedEntry(&table);
         }
     }
@@ -294,7 +285,8 @@ void restore_isolation(const dictionary* ini) {
 
 } // namespace
 
-// The management VLAN may be one that the lists create, so the lists come first.
+// The VLANs come first: the management VLAN is to be one that the device has by
+// then, whether or not check has looked at the document.
 void restore_ini_vlan(const dictionary* ini) {
     restore_port_vlans(ini);
     restore_management_vlan(ini);
