@@ -181,7 +181,17 @@ TEST_F(Process, AnotherSwitchByItsStoredConfiguration) {
 }
 
 TEST_F(Process, InjectedFailure) {
-    environment += " SWITCH_SIMULATOR_FAIL=U_FlshSysGetIp,U_FlshPortGetEbl:2";
-    EXPECT_EQ(run("backup").status, 0);
-    EXPECT_NE(read_file(backup_path).find("static ip address = \"\" ;"), std::string::npos);
+    environment += " SWITCH_SIMULATOR_FAIL=";
+    const std::string start_up_fails = "init_umdev,initdef,port_init";
+    for (const std::string& failing : {std::string("U_FlshSysGetIp"), start_up_fails}) {
+        const std::string good_environment = environment;
+        environment += failing;
+        EXPECT_EQ(run("backup").status, 0);
+        EXPECT_EQ(run("check").status, 255);
+        EXPECT_EQ(run("restore").status, 255); // there is no document
+        const bool has_ports = read_file(backup_path).find("\nport1 = ") != std::string::npos;
+        EXPECT_EQ(has_ports, failing != start_up_fails);
+        EXPECT_NE(read_file(backup_path).find("\n0x3F(63)"), std::string::npos);
+        environment = good_environment;
+    }
 }

@@ -1,5 +1,7 @@
 #include "platform/simulator/gate.h"
 
+#include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <fstream>
 #include <map>
@@ -9,21 +11,33 @@ namespace simulator {
 
 namespace {
 
-constexpr int every_call = 0;
+// The calls of an operation that are to fail, by their numbers from 1.
+struct FailingCalls {
+    int first = 1;
+    int last = INT_MAX;
+};
 
 // What is to fail, and what has been called so far.
 struct Failures {
-    std::map<std::string, int> failing; // operation to number of the call, or every_call
+    std::map<std::string, FailingCalls> failing; // by operation
     std::map<std::string, int> calls;
 };
+
+// The part behind the operation's name: "", ":3" or ":3+".
+FailingCalls parsed_calls(const std::string& text) {
+    if (text.empty()) {
+        return {};
+    }
+    const int first = std::atoi(text.c_str() + 1);
+    return {first, text.back() == '+' ? INT_MAX : first};
+}
 
 Failures parsed_failures(const std::string& names) {
     Failures failures;
     std::istringstream list(names);
     for (std::string name; std::getline(list, name, ',');) {
-        const std::size_t colon = name.find(':');
-        failures.failing[name.substr(0, colon)] =
-            colon == std::string::npos ? every_call : std::atoi(name.c_str() + colon + 1);
+        const std::size_t colon = std::min(name.find(':'), name.size());
+        failures.failing[name.substr(0, colon)] = parsed_calls(name.substr(colon));
     }
     return failures;
 }
@@ -48,8 +62,8 @@ Failures& failures() {
 bool is_to_fail(const std::string& name) {
     const int call = ++failures().calls[name];
     const auto failing = failures().failing.find(name);
-    return failing != failures().failing.end() &&
-           (failing->second == every_call || failing->second == call);
+    return failing != failures().failing.end() && call >= failing->second.first &&
+           call <= failing->second.last;
 }
 
 // On one line, and unmistakable: quotes, backslashes and everything that is

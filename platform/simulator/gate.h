@@ -6,9 +6,10 @@
 // Type{field=value, ...}. What a call only fills in is not part of it.
 //
 // SWITCH_SIMULATOR_TRACE=FILE appends each call to FILE, one a line.
-// SWITCH_SIMULATOR_FAIL=U_FlshPortGetEbl:3,U_PortSetEbl makes the third call of
-// the one and every call of the other fail: they give an error and leave their
-// outputs, and the switch, as they were.
+// SWITCH_SIMULATOR_FAIL=U_FlshPortGetEbl:3,U_SysGetMac:2+,U_PortSetEbl makes the
+// third call of the first, the second and all later ones of the second, and
+// every call of the last fail: they give an error and leave their outputs, and
+// the switch, as they were.
 #pragma once
 
 #include "platform/include/converters.h"
