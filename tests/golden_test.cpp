@@ -42,16 +42,22 @@ TEST_F(Golden, SwitchWithoutPorts) {
     }
 }
 
-// Every call that may change the device, in order. What is set only where it
+// Every device call of the three modes, in order. What is set only where it
 // differs is not among them: no port and no fibre speed.
-TEST_F(Golden, RestoreOfTheOwnBackup) {
+TEST_F(Golden, DeviceCalls) {
+    const auto expect_calls = [](const std::string& name) {
+        std::string lines;
+        for (const std::string& call : all_calls()) {
+            lines += call + "\n";
+        }
+        expect_golden(lines, name);
+    };
     const std::string document = backup();
+    expect_calls("factory_backup.calls");
     EXPECT_EQ(check(document), "");
-    std::string calls;
-    for (const std::string& call : restore(document)) {
-        calls += call + "\n";
-    }
-    expect_golden(calls, "factory_switch.calls");
+    expect_calls("factory_check.calls");
+    restore(document);
+    expect_calls("factory_restore.calls");
     EXPECT_EQ(backup(), document);
 }
 
