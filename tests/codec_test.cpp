@@ -154,7 +154,7 @@ TEST_F(Codec, OddTexts) {
     EXPECT_EQ(decrypted(decrypt_snmp_key, "0"), zeros); // an odd digit
 
     // A block that ends in no count of padding is text up to its first zero.
-    for (const uint8_t last : {0, 17}) {
+    for (const uint8_t last : {uint8_t{0}, uint8_t{17}}) {
         uint8_t block[16] = {'a', 'b', 'c'};
         block[15] = last;
         AES_ctx context;
