@@ -92,6 +92,7 @@ constexpr Edit dot1x_parameter_edits[] = {
     {"802.1x parameter setting", "quiet period", "65536", "233\n"},
     {"802.1x parameter setting", "quiet period", nullptr, "233\n"},
     {"802.1x parameter setting", "tx period", "-10", "234\n"},
+    {"802.1x parameter setting", "tx period", "65536", "234\n"},
     {"802.1x parameter setting", "tx period", "65535", ""},
     {"802.1x parameter setting", "supplicant timeout", "301", "235\n"},
     {"802.1x parameter setting", "supplicant timeout", "300", ""},
@@ -101,6 +102,7 @@ constexpr Edit dot1x_parameter_edits[] = {
     {"802.1x parameter setting", "maximum requests", "11", "237\n"},
     {"802.1x parameter setting", "reauth period", "29", "238\n"},
     {"802.1x parameter setting", "reauth period", "30", ""},
+    {"802.1x parameter setting", "reauth period", "65536", "238\n"},
     {"802.1x port setting", "port1_mode", nullptr, "239\n"},
     {"802.1x port setting", "port8_mode", "\"force authorized\"", "239\n"},
     {"802.1x port setting", "port8_mode", "\"N/A\"", ""},
@@ -127,9 +129,17 @@ TEST_F(Security, CheckReports) {
     expect_reports(good, snmp_edits);
     expect_reports(good, static_sak_edits);
     expect_reports(good, dot1x_off_edits);
+    expect_reports(without(good, "802.1x setting", "802.1x"), dot1x_off_edits);
     expect_reports(with(good, "802.1x setting", "802.1x", "1"), dot1x_on_edits);
     expect_reports(good, dot1x_parameter_edits);
     EXPECT_EQ(check(without_section(good, "password")), "");
+}
+
+TEST_F(Security, AddressThatDoesNotConvertIsNone) {
+    const std::string document = with(good, "802.1x setting", "radius server ip", "\"nowhere\"");
+    EXPECT_EQ(check(document), "223\n");
+    state().dot1x.server = {0};
+    EXPECT_EQ(check(document), "");
 }
 
 TEST_F(Security, CheckDecodesNothing) {
@@ -278,6 +288,17 @@ TEST_F(Security, Dot1x) {
               (Calls{"U_Dot1xSetRds(0.0.0.0, 1, 0)", "U_Dot1xSetRdsId(\"\")",
                      "U_Dot1xSetRdsKey(\"radius shared secret\")"}));
 
+    // Texts are cut to 64 characters, which of a key are two blocks.
+    const std::string digits = good.substr(good.find("shared key = \"") + 14, 64);
+    document = with(good, "802.1x setting", "shared key", "\"" + digits + "000000\"");
+    document = with(document, "802.1x setting", "nas identifier", std::string(70, 'n'));
+    document = without(document, "802.1x setting", "802.1x");
+    EXPECT_EQ(restore_calls(document, "Dot1xSetE"), (Calls{"U_Dot1xSetEbl(0)"}));
+    EXPECT_EQ(restore_calls(document, "Dot1xSetRds").at(1),
+              "U_Dot1xSetRdsId(\"" + std::string(64, 'n') + "\")");
+    EXPECT_EQ(restore_calls(document, "Dot1xSetRds").at(2),
+              "U_Dot1xSetRdsKey(\"radius shared secret\")");
+
     // Six are read before the first is set, and cut to their widths.
     const char section[] = "802.1x parameter setting";
     document = with(good, section, "quiet period", "65546");
@@ -327,10 +348,12 @@ TEST_F(Security, Dot1xPresetsAndPortsThatCannotBeRead) {
 TEST_F(Security, StaticSakOfOnePortAfterTheOther) {
     std::string document = with(good, "static sak", "port 7 static sak status", "257");
     document = without(document, "static sak", "port 8 sak");
+    document = without(document, "static sak", "port 8 static sak status");
     simulator::journal().clear();
     const Calls calls = restore_calls(document, "U_Macsec");
     EXPECT_EQ(calls[0], "U_MacsecPortEnable(6, 1)");
     EXPECT_EQ(calls[2], "U_MacsecSetPortEnable(6, 1)");
+    EXPECT_EQ(calls[3], "U_MacsecPortEnable(7, 0)");
     EXPECT_NE(calls[4].find("U_MacsecSetKey(7, \"0200005e10200002\", \""), std::string::npos);
     EXPECT_EQ(calls[4].find(", \"\")"), std::string::npos) << "an empty text is no empty secret";
     // Port 7 is applied whole before anything of port 8 is decoded.
