@@ -6,6 +6,7 @@
 #include "tests/support/switch_test.h"
 
 using simulator::make_fail;
+using simulator::reset;
 using simulator::state;
 
 class Security : public SwitchTest {
@@ -36,6 +37,7 @@ constexpr Edit snmp_edits[] = {
     {"snmp settings", "snmp trap server ip1", "\"192.168.10\"", "259\n"},
     {"snmp settings", "snmp trap server ip15", "\"2001:db8::1\"", ""},
     {"snmp settings", "snmp trap server port2", "65536", "261\n"},
+    {"snmp settings", "snmp trap server port16", "0", ""},
     {"snmp settings", "snmp trap server community string1", "\"\"", "263\n"},
     {"snmp settings", "snmp v3 user name2", "\"\"", "265\n"},
     {"snmp settings", "snmp v3 user name3", "\"\"", ""},
@@ -149,18 +151,32 @@ TEST_F(Security, CheckDecodesNothing) {
     EXPECT_FALSE(has_call("AES_ECB_decrypt"));
 }
 
+TEST_F(Security, AgentWithoutKeys) {
+    const std::string document = without_section(good, "snmp settings");
+    EXPECT_EQ(restore_calls(document, "SnmpSet"),
+              (Calls{"U_SnmpSetEbl(0)", "U_FlshSnmpSetVer(1)", "U_FlshSnmpSetMode(1)"}));
+    EXPECT_EQ(restore_calls(document, "SnmpIns"), Calls{});
+    reset();
+    make_fail("U_SnmpGetCommunitySize,U_SnmpGetTrapSize,U_SnmpGetUsmSize");
+    EXPECT_EQ(backup().find("\nsnmp v3"), std::string::npos);
+    EXPECT_EQ(backup().find("string1"), std::string::npos)
+        << "a table that cannot be read is empty";
+}
+
 TEST_F(Security, Communities) {
     const char section[] = "snmp settings";
     // Number 4 lacks its type; the complete number 15 is inserted all the same.
     std::string document = with(good, section, "snmp community string4", "\"lonely\"");
-    document = with(document, section, "snmp community string15", "\"last\"");
+    document = with(document, section, "snmp community string15", "\"sixteen letters, and more\"");
+    document = with(document, section, "snmp v3 user name1", "\"sixteen letters, and more\"");
     document = with(document, section, "snmp community permission type15", "258");
     document = with(document, section, "snmp community string16", "\"beyond\"");
     document = with(document, section, "snmp community permission type16", "1");
     EXPECT_EQ(restore_calls(document, "Community"),
               (Calls{"U_SnmpDelCommunity(\"public\")", "U_SnmpDelCommunity(\"private\")",
                      "U_SnmpInsCommunity(1, \"public\")", "U_SnmpInsCommunity(2, \"private\")",
-                     "U_SnmpInsCommunity(2, \"last\")"}));
+                     "U_SnmpInsCommunity(2, \"sixteen letters,\")"}));
+    EXPECT_EQ(state().snmp.users.back().name.text(), "sixteen letters,");
     // All are read before the first is deleted.
     Calls read_and_deleted;
     for (const std::string& call : all_calls()) {
