@@ -235,9 +235,10 @@ TEST_F(Security, UserProtocolsFollowTheSecrets) {
     EXPECT_EQ(restore_calls(backup(), "InsUsm"),
               (Calls{R"(U_SnmpInsUsm("none", 0, "", 0, ""))",
                      R"(U_SnmpInsUsm("key only", 1, "", 1, "key"))"}));
-    state().snmp.users = {{"password only", 0, "password", 0, ""}};
+    state().snmp.users = {{"password only", 0, "p", 0, ""}, {"both", 0, "p", 0, "k"}};
     EXPECT_EQ(restore_calls(backup(), "InsUsm"),
-              (Calls{R"(U_SnmpInsUsm("password only", 1, "password", 0, ""))"}));
+              (Calls{R"(U_SnmpInsUsm("password only", 1, "p", 0, ""))",
+                     R"(U_SnmpInsUsm("both", 1, "p", 1, "k"))"}));
     EXPECT_EQ(restore_calls(without(good, "snmp settings", "snmp v3 encryption key1"), "InsUsm"),
               Calls{});
 }
