@@ -153,6 +153,22 @@ TEST_F(Codec, OddTexts) {
     EXPECT_EQ(decrypted(decrypt_snmp_key, "no digits"), zeros);
     EXPECT_EQ(decrypted(decrypt_snmp_key, "0"), zeros); // an odd digit
 
+    // A block that ends in no count of padding is text up to its first zero.
+    for (const uint8_t last : {uint8_t{0}, uint8_t{17}}) {
+        uint8_t block[16] = {'a', 'b', 'c'};
+        block[15] = last;
+        AES_ctx context;
+        AES_init_ctx(&context, key);
+        AES_ECB_encrypt(&context, block);
+        std::string digits;
+        for (const uint8_t byte : block) {
+            char pair[3];
+            snprintf(pair, sizeof pair, "%02x", byte);
+            digits += pair;
+        }
+        EXPECT_EQ(decrypted(decrypt_sak, digits), "abc");
+    }
+
     // Another key gives other text, never more than its room.
     for (const Decrypt decrypt : {decrypt_snmp_key, decrypt_dot1x_key, decrypt_sak}) {
         EXPECT_LE(decrypted(decrypt, std::string(70, 'f')).size(), 32U);

@@ -92,4 +92,5 @@ TEST_F(Document, Size) {
     }
     EXPECT_TRUE(load(lines + "\n"));
     EXPECT_FALSE(load(lines + "\n\n"));
+    EXPECT_TRUE(load(lines.substr(0, 4097))); // read in blocks of 4096 bytes
 }

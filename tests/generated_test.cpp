@@ -152,7 +152,7 @@ void generate_security(Generator& g, State& s) {
     for (std::size_t port = 0; port < s.ports.physical; ++port) {
         s.dot1x.ports.at(port).mode = g.number(0, 3);
     }
-    s.login_server.enabled = g.any<std::uint8_t>();
+    s.login_server.enabled = g.number(0, 2);
     s.login_server.kind = g.any<std::uint8_t>();
     for (std::uint8_t& byte : s.login_server.address.record.addr.v4u8) {
         byte = g.any<std::uint8_t>();
@@ -170,7 +170,7 @@ void generate_services(Generator& g, State& s) {
     s.system_log.server_enabled = g.number(0, 1);
     s.system_log.server = {g.any<std::uint32_t>()};
     s.system_log.server_port = g.any<std::uint16_t>();
-    s.lldp.enabled = g.any<std::uint8_t>();
+    s.lldp.enabled = g.number(0, 3);
     s.port_mirror.state = g.number<std::int8_t>(0, 1);
     s.port_mirror.analyzer_port = g.any<std::uint16_t>();
     s.port_mirror.monitored_port = g.any<std::uint16_t>();
@@ -185,9 +185,9 @@ void generate_services(Generator& g, State& s) {
                   g.any<std::uint8_t>(), g.any<std::uint8_t>(), g.any<std::uint8_t>(),
                   g.any<std::uint8_t>(), g.any<std::uint8_t>(), g.any<std::uint8_t>(),
                   g.any<std::uint8_t>()};
-    s.https.enabled = g.any<std::int8_t>();
-    s.eeprom.serial_port = g.any<int>();
-    s.periodic_backup = {g.any<std::int8_t>(),
+    s.https.enabled = g.number<std::int8_t>(-1, 2);
+    s.eeprom.serial_port = g.number<int>(-1, 2);
+    s.periodic_backup = {g.number<std::int8_t>(0, 2),
                          g.any<std::uint16_t>(),
                          g.any<std::uint16_t>(),
                          {g.any<std::uint32_t>()}};
@@ -259,9 +259,9 @@ void generate_switching(Generator& g, State& s) {
     for (std::uint8_t& value : s.qos.dscp) {
         value = g.any<std::uint8_t>();
     }
-    s.port_security.enabled = g.any<std::int8_t>();
+    s.port_security.enabled = g.number<std::int8_t>(-1, 1);
     for (simulator::SecuredPort& port : s.port_security.ports) {
-        port = {g.any<std::uint8_t>(), g.any<std::uint16_t>()};
+        port = {g.number(0, 2), g.any<std::uint16_t>()};
     }
 }
 

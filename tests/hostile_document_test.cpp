@@ -85,13 +85,24 @@ TEST_F(HostileDocument, TwentyThousandKeys) {
 }
 
 TEST_F(HostileDocument, NoRegularFile) {
-    const auto expect_refused = [] {
+    const auto open_files = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    };
+    std::string reason = "iniparser: cannot open /tmp/config_restore.ini\n";
+    const auto expect_refused = [&] {
+        const auto before = open_files();
         EXPECT_EQ(check_config_ini_file(restore_path), -1);
         EXPECT_EQ(read_file(report_path), "211\n");
+        testing::internal::CaptureStderr();
         EXPECT_EQ(parse_config_ini_file(restore_path), -1);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  reason + "cannot parse file: /tmp/config_restore.ini\n");
+        EXPECT_EQ(open_files(), before);
         std::filesystem::remove_all(restore_path);
     };
     expect_refused(); // missing
+    reason = "cannot load /tmp/config_restore.ini: not a readable regular file of at most 262144 "
+             "bytes\n";
     std::filesystem::create_directory(restore_path);
     expect_refused();
     std::filesystem::create_symlink("/dev/zero", restore_path);

@@ -4,6 +4,8 @@
 #include "frame/modes.h"
 #include "tests/support/switch_test.h"
 
+#include <sys/stat.h>
+
 class Order : public SwitchTest {
 protected:
     const std::string good = backup();
@@ -100,6 +102,12 @@ TEST_F(Order, FirstFaultOnly) {
         document = edited(document, *fault);
         EXPECT_EQ(check(document), fault->report) << fault->key;
     }
+}
+
+TEST_F(Order, BackupKeepsTheMaskOfNewFiles) {
+    const mode_t mask = umask(S_IWGRP | S_IRWXO);
+    backup();
+    EXPECT_EQ(umask(mask), static_cast<mode_t>(S_IWGRP | S_IRWXO));
 }
 
 TEST_F(Order, UnloadableDocumentIsOneFault) {

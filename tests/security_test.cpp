@@ -6,6 +6,7 @@
 #include "tests/support/switch_test.h"
 
 using simulator::make_fail;
+using simulator::reset;
 using simulator::state;
 
 class Security : public SwitchTest {
@@ -36,6 +37,7 @@ constexpr Edit snmp_edits[] = {
     {"snmp settings", "snmp trap server ip1", "\"192.168.10\"", "259\n"},
     {"snmp settings", "snmp trap server ip15", "\"2001:db8::1\"", ""},
     {"snmp settings", "snmp trap server port2", "65536", "261\n"},
+    {"snmp settings", "snmp trap server port16", "0", ""},
     {"snmp settings", "snmp trap server community string1", "\"\"", "263\n"},
     {"snmp settings", "snmp v3 user name2", "\"\"", "265\n"},
     {"snmp settings", "snmp v3 user name3", "\"\"", ""},
@@ -92,6 +94,7 @@ constexpr Edit dot1x_parameter_edits[] = {
     {"802.1x parameter setting", "quiet period", "65536", "233\n"},
     {"802.1x parameter setting", "quiet period", nullptr, "233\n"},
     {"802.1x parameter setting", "tx period", "-10", "234\n"},
+    {"802.1x parameter setting", "tx period", "65536", "234\n"},
     {"802.1x parameter setting", "tx period", "65535", ""},
     {"802.1x parameter setting", "supplicant timeout", "301", "235\n"},
     {"802.1x parameter setting", "supplicant timeout", "300", ""},
@@ -101,6 +104,7 @@ constexpr Edit dot1x_parameter_edits[] = {
     {"802.1x parameter setting", "maximum requests", "11", "237\n"},
     {"802.1x parameter setting", "reauth period", "29", "238\n"},
     {"802.1x parameter setting", "reauth period", "30", ""},
+    {"802.1x parameter setting", "reauth period", "65536", "238\n"},
     {"802.1x port setting", "port1_mode", nullptr, "239\n"},
     {"802.1x port setting", "port8_mode", "\"force authorized\"", "239\n"},
     {"802.1x port setting", "port8_mode", "\"N/A\"", ""},
@@ -127,9 +131,17 @@ TEST_F(Security, CheckReports) {
     expect_reports(good, snmp_edits);
     expect_reports(good, static_sak_edits);
     expect_reports(good, dot1x_off_edits);
+    expect_reports(without(good, "802.1x setting", "802.1x"), dot1x_off_edits);
     expect_reports(with(good, "802.1x setting", "802.1x", "1"), dot1x_on_edits);
     expect_reports(good, dot1x_parameter_edits);
     EXPECT_EQ(check(without_section(good, "password")), "");
+}
+
+TEST_F(Security, AddressThatDoesNotConvertIsNone) {
+    const std::string document = with(good, "802.1x setting", "radius server ip", "\"nowhere\"");
+    EXPECT_EQ(check(document), "223\n");
+    state().dot1x.server = {0};
+    EXPECT_EQ(check(document), "");
 }
 
 TEST_F(Security, CheckDecodesNothing) {
@@ -139,18 +151,32 @@ TEST_F(Security, CheckDecodesNothing) {
     EXPECT_FALSE(has_call("AES_ECB_decrypt"));
 }
 
+TEST_F(Security, AgentWithoutKeys) {
+    const std::string document = without_section(good, "snmp settings");
+    EXPECT_EQ(restore_calls(document, "SnmpSet"),
+              (Calls{"U_SnmpSetEbl(0)", "U_FlshSnmpSetVer(1)", "U_FlshSnmpSetMode(1)"}));
+    EXPECT_EQ(restore_calls(document, "SnmpIns"), Calls{});
+    reset();
+    make_fail("U_SnmpGetCommunitySize,U_SnmpGetTrapSize,U_SnmpGetUsmSize");
+    EXPECT_EQ(backup().find("\nsnmp v3"), std::string::npos);
+    EXPECT_EQ(backup().find("string1"), std::string::npos)
+        << "a table that cannot be read is empty";
+}
+
 TEST_F(Security, Communities) {
     const char section[] = "snmp settings";
     // Number 4 lacks its type; the complete number 15 is inserted all the same.
     std::string document = with(good, section, "snmp community string4", "\"lonely\"");
-    document = with(document, section, "snmp community string15", "\"last\"");
+    document = with(document, section, "snmp community string15", "\"sixteen letters, and more\"");
+    document = with(document, section, "snmp v3 user name1", "\"sixteen letters, and more\"");
     document = with(document, section, "snmp community permission type15", "258");
     document = with(document, section, "snmp community string16", "\"beyond\"");
     document = with(document, section, "snmp community permission type16", "1");
     EXPECT_EQ(restore_calls(document, "Community"),
               (Calls{"U_SnmpDelCommunity(\"public\")", "U_SnmpDelCommunity(\"private\")",
                      "U_SnmpInsCommunity(1, \"public\")", "U_SnmpInsCommunity(2, \"private\")",
-                     "U_SnmpInsCommunity(2, \"last\")"}));
+                     "U_SnmpInsCommunity(2, \"sixteen letters,\")"}));
+    EXPECT_EQ(state().snmp.users.back().name.text(), "sixteen letters,");
     // All are read before the first is deleted.
     Calls read_and_deleted;
     for (const std::string& call : all_calls()) {
@@ -209,9 +235,10 @@ TEST_F(Security, UserProtocolsFollowTheSecrets) {
     EXPECT_EQ(restore_calls(backup(), "InsUsm"),
               (Calls{R"(U_SnmpInsUsm("none", 0, "", 0, ""))",
                      R"(U_SnmpInsUsm("key only", 1, "", 1, "key"))"}));
-    state().snmp.users = {{"password only", 0, "password", 0, ""}};
+    state().snmp.users = {{"password only", 0, "p", 0, ""}, {"both", 0, "p", 0, "k"}};
     EXPECT_EQ(restore_calls(backup(), "InsUsm"),
-              (Calls{R"(U_SnmpInsUsm("password only", 1, "password", 0, ""))"}));
+              (Calls{R"(U_SnmpInsUsm("password only", 1, "p", 0, ""))",
+                     R"(U_SnmpInsUsm("both", 1, "p", 1, "k"))"}));
     EXPECT_EQ(restore_calls(without(good, "snmp settings", "snmp v3 encryption key1"), "InsUsm"),
               Calls{});
 }
@@ -278,6 +305,17 @@ TEST_F(Security, Dot1x) {
               (Calls{"U_Dot1xSetRds(0.0.0.0, 1, 0)", "U_Dot1xSetRdsId(\"\")",
                      "U_Dot1xSetRdsKey(\"radius shared secret\")"}));
 
+    // Texts are cut to 64 characters, which of a key are two blocks.
+    const std::string digits = good.substr(good.find("shared key = \"") + 14, 64);
+    document = with(good, "802.1x setting", "shared key", "\"" + digits + "000000\"");
+    document = with(document, "802.1x setting", "nas identifier", std::string(70, 'n'));
+    document = without(document, "802.1x setting", "802.1x");
+    EXPECT_EQ(restore_calls(document, "Dot1xSetE"), (Calls{"U_Dot1xSetEbl(0)"}));
+    EXPECT_EQ(restore_calls(document, "Dot1xSetRds").at(1),
+              "U_Dot1xSetRdsId(\"" + std::string(64, 'n') + "\")");
+    EXPECT_EQ(restore_calls(document, "Dot1xSetRds").at(2),
+              "U_Dot1xSetRdsKey(\"radius shared secret\")");
+
     // Six are read before the first is set, and cut to their widths.
     const char section[] = "802.1x parameter setting";
     document = with(good, section, "quiet period", "65546");
@@ -327,10 +365,12 @@ TEST_F(Security, Dot1xPresetsAndPortsThatCannotBeRead) {
 TEST_F(Security, StaticSakOfOnePortAfterTheOther) {
     std::string document = with(good, "static sak", "port 7 static sak status", "257");
     document = without(document, "static sak", "port 8 sak");
+    document = without(document, "static sak", "port 8 static sak status");
     simulator::journal().clear();
     const Calls calls = restore_calls(document, "U_Macsec");
     EXPECT_EQ(calls[0], "U_MacsecPortEnable(6, 1)");
     EXPECT_EQ(calls[2], "U_MacsecSetPortEnable(6, 1)");
+    EXPECT_EQ(calls[3], "U_MacsecPortEnable(7, 0)");
     EXPECT_NE(calls[4].find("U_MacsecSetKey(7, \"0200005e10200002\", \""), std::string::npos);
     EXPECT_EQ(calls[4].find(", \"\")"), std::string::npos) << "an empty text is no empty secret";
     // Port 7 is applied whole before anything of port 8 is decoded.
@@ -360,9 +400,9 @@ TEST_F(Security, LoginServer) {
               (Calls{"U_LoginAuthSrvSetEbl(1, 1, 1)", "U_SetLoginAuthSrv(192.168.10.61, 0, \"" +
                                                           std::string(29, 'k') + "\", 2, 0, 1)"}));
     // 15 characters of the address count; what they are no address of changes nothing.
-    EXPECT_EQ(restore_calls(with(document, section, "server Ip/Name", "\"2001:db8::10:20:30\""),
-                            "AuthSrv"),
-              Calls{});
+    EXPECT_EQ(
+        restore_calls(with(document, section, "server Ip/Name", "\"2001:db8::10:200\""), "AuthSrv"),
+        Calls{});
     document = with(document, section, "server Ip/Name", "\"192.168.100.2000\"");
     EXPECT_EQ(restore_calls(document, "SetLoginAuthSrv")
                   .front()

@@ -341,6 +341,35 @@ TEST_F(Switching, RestoreAcl) {
     EXPECT_NE(restore_calls(document, part).front().find("ulBitMap=0,"), std::string::npos);
 }
 
+TEST_F(Switching, AclCallsForTheSetOfPorts) {
+    const auto calls_of = [&](int physical, int logical, const std::string& part) {
+        simulator::State device;
+        device.ports.physical = static_cast<std::uint8_t>(physical);
+        device.ports.logical = static_cast<std::uint8_t>(logical);
+        device.ports.trunks = {{}, {1, 2}};
+        reset(device);
+        std::string document = with(good, acl, "Acl_Rule_0 Source_Interface", "\"1\"");
+        restore(with(document, acl, "Acl_Rule_1 Index_Id", "0"));
+        Calls calls;
+        for (const std::string& call : all_calls()) {
+            if (call.find(part) != std::string::npos) {
+                calls.push_back(call);
+            }
+        }
+        return calls;
+    };
+    EXPECT_EQ(calls_of(7, 12, "PPortMask"),
+              (Calls{"U_PPortMaskClrAll()", "U_PPortMaskSetPort(0)", "U_PPortMaskClrAll()",
+                     "U_PPortMaskClrAll()", "U_PPortMaskCopy({0})", "U_PPortMaskOr({1,2}, {0})"}));
+    // A set has 64 ports, whatever the device has.
+    EXPECT_EQ(calls_of(255, 255, "U_LPortMaskGetPort").back(), "U_LPortMaskGetPort({0,8}, 63)");
+    simulator::journal().clear();
+    backup();
+    for (const std::string& call : all_calls()) {
+        EXPECT_EQ(call.find(", 64)"), std::string::npos) << call;
+    }
+}
+
 // The id behind the last physical port is a port; those behind it are trunks.
 TEST_F(Switching, AclIngressPortsBehindTrunks) {
     const auto ingress_ports = [&](int physical, int logical) {
