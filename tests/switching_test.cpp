@@ -3,7 +3,6 @@
 #include "tests/support/switch_test.h"
 
 using simulator::make_fail;
-using simulator::PortSet;
 using simulator::reset;
 using simulator::state;
 

@@ -236,7 +236,7 @@ std::string to_json_text(const State& state) {
 
 State from_json_text(const std::string& text) {
     const json written = json::parse(text);
-    const State state = written.get<State>();
+    State state = written.get<State>();
     require_same(written, json(state), "");
     return state;
 }

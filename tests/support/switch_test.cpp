@@ -40,7 +40,7 @@ std::string check(const std::string& document) {
     write_file(restore_path, document);
     simulator::journal().clear();
     const int status = check_config_ini_file(restore_path);
-    const std::string report = read_file(report_path);
+    std::string report = read_file(report_path);
     EXPECT_EQ(status, report.empty() ? 0 : -1);
     EXPECT_EQ(changes(), Calls{}) << "check changes the device";
     return report;

@@ -1,0 +1,61 @@
+# What cmake --install puts where, and the Debian package of it.
+include(GNUInstallDirs)
+
+install(TARGETS switch-config DESTINATION ${CMAKE_INSTALL_SBINDIR})
+
+file(GLOB documents CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
+install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+
+set(manual ${PROJECT_SOURCE_DIR}/docs/switch-config.8)
+if(EXISTS ${manual})
+  set(compressed ${PROJECT_BINARY_DIR}/switch-config.8.gz)
+  add_custom_command(OUTPUT ${compressed}
+    COMMAND gzip -9nc ${manual} >${compressed} DEPENDS ${manual})
+  add_custom_target(manual ALL DEPENDS ${compressed})
+  install(FILES ${compressed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
+endif()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGE_CONTACT "switch-config developers")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION admin)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+
+# The package with the simulated switch has another name, so that nobody puts it
+# on a switch by mistake.
+if(SWITCH_DEVICE_LIBRARY)
+  set(CPACK_DEBIAN_PACKAGE_NAME switch-config)
+  set(CPACK_DEBIAN_PACKAGE_CONFLICTS switch-config-simulator)
+  set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
+      "back up, check and restore the configuration of an Ethernet switch")
+  set(CPACK_PACKAGE_DESCRIPTION
+"Moves the whole configuration of an industrial managed Ethernet switch to and
+from one human-readable document. It runs on the switch itself, once for each
+task, for the web interface or another management process.
+.
+The device libraries of the switch are no part of this package.")
+  # The packages of another machine's libraries are not known to this one.
+  if(CMAKE_CROSSCOMPILING)
+    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.34), libiniparser1 (>= 4.0)")
+  endif()
+  # The device libraries are looked for where they were linked from.
+  foreach(library ${SWITCH_DEVICE_LIBRARY})
+    cmake_path(GET library PARENT_PATH folder)
+    list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${folder})
+  endforeach()
+else()
+  set(CPACK_DEBIAN_PACKAGE_NAME switch-config-simulator)
+  set(CPACK_DEBIAN_PACKAGE_CONFLICTS switch-config)
+  set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
+      "back up, check and restore the configuration of a simulated switch")
+  set(CPACK_PACKAGE_DESCRIPTION
+"The switch-config tool with a simulated Ethernet switch in place of the device
+libraries, for those who write its callers or its documents. The simulated
+switch is a JSON file.
+.
+Not for use on a switch.")
+endif()
+include(CPack)
