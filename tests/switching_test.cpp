@@ -341,6 +341,14 @@ TEST_F(Switching, RestoreAcl) {
     EXPECT_NE(restore_calls(document, part).front().find("ulBitMap=0,"), std::string::npos);
 }
 
+TEST_F(Switching, AclSlotsAndShortTexts) {
+    std::string document = with(good, acl, "Acl_Rule_33 Index_Id", "7"); // no such slot
+    document = with(document, acl, "Acl_Rule_0 Source IP", "x");         // given all the same
+    const Calls rules = restore_calls(document, "U_AclInsRule");
+    EXPECT_EQ(rules.size(), 2U);
+    EXPECT_EQ(state().acl.rules.get(0).conditions, 65U);
+}
+
 TEST_F(Switching, AclCallsForTheSetOfPorts) {
     const auto calls_of = [&](int physical, int logical, const std::string& part) {
         simulator::State device;
