@@ -113,7 +113,8 @@ int check_ini_port_settings(const dictionary* ini, FILE* error_file) {
 namespace {
 
 // Writes only what differs, and resets the ports at most once. A port that the
-// document does not name is enabled.
+// document does not name is enabled. The stored flag counts as unsigned, so that
+// one above 127 differs from whatever the document has.
 void restore_port_status(const dictionary* ini) {
     bool changed = false;
     for (std::uint8_t port = 0; port < g_ucMaxPhyPort; ++port) {
