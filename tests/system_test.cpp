@@ -104,6 +104,12 @@ TEST_F(System, RestoreNetwork) {
         }
     }
 
+    // One character is a text, though no address.
+    EXPECT_EQ(restore_calls(with(good, section, "subnet mask", "\"x\""), "SetIp"),
+              (Calls{"U_FlshSysSetIp(192.168.10.20, 0.0.0.0)"}));
+    EXPECT_EQ(restore_calls(with(good, section, "static ip address", "x"), "SetIp"),
+              (Calls{"U_FlshSysSetIp(0.0.0.0, 255.255.255.0)"}));
+
     // What does not convert is 0.
     std::string document = with(good, section, "static ip address", "\"no address\"");
     document = with(document, section, "gateway", "\"\"");
