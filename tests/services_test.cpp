@@ -357,6 +357,11 @@ TEST_F(Services, AlarmWords) {
                      "U_SysSetEmailPower({0,0})", "U_SysSetEmailSyslog(0)"}));
 }
 
+TEST_F(Services, AlarmOfAPortThatThereIsNot) {
+    restore(with(good, "Warning/Alarm setting", "port_9 Link_status", "\"Link UP\""));
+    EXPECT_EQ(state().warnings.ports.get(8), 0);
+}
+
 TEST_F(Services, MorePortsThanAlarms) {
     state().ports.physical = 255;
     reset(state());
