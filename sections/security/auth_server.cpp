@@ -42,10 +42,8 @@ void backup_ini_authserver_settings(FILE* ini_file) {
 }
 
 int check_ini_authserver(const dictionary* ini, FILE* error_file) {
-    if (read_int(ini, "auth server setting:authentication server", -1) == -1) {
-        return report_fault(error_file, USR_RET_ERR_ASERVER_STATE_NOT_FOUND);
-    }
-    return 0;
+    return check_present(ini, error_file, "auth server setting:authentication server",
+                         USR_RET_ERR_ASERVER_STATE_NOT_FOUND);
 }
 
 namespace {
