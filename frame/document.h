@@ -21,7 +21,7 @@
 
 // A larger document is refused: reading takes the library a time that grows
 // with the square of the number of keys. A full document of 8 ports, every
-// table at its fullest, has less than 32 KiB.
+// table at its fullest, has less than 40 KiB.
 constexpr std::size_t max_document_size = 256 * 1024;
 
 // Parses the document. Null when it is anything but a regular file of at most
