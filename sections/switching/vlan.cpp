@@ -132,7 +132,11 @@ int check_verdict(FILE* error_file, vlan_data_t& data) {
         char msg[100];
     };
     static WorkBuffers buffers; // too large for the stack of a small device
-    memset(&buffers, 0, sizeof buffers);
+    static bool used = false;
+    if (used) { // at first they are zero, and take no memory until they are written
+        memset(&buffers, 0, sizeof buffers);
+    }
+    used = true;
     const int fault =
         fault_of(check_vlan_data(&data, buffers.msg, buffers.table, buffers.removal_list));
     return fault == USR_RET_OK ? 0 : report_fault(error_file, fault);
