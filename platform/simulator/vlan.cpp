@@ -12,7 +12,8 @@
 //    list the 32-bit IDs of what it holds now and is not to hold; a 0 ends each,
 //    unless it is full. A set takes its entries from there, or, when the roles
 //    and lists are at fault, changes nothing.
-//  - A failing check finds fault with the management VLAN.
+//  - A check that fails, or whose buffers have not been cleared, finds fault with
+//    the management VLAN.
 
 #include "platform/include/vlan.h"
 
@@ -155,6 +156,11 @@ void prepare_removal(const Memberships& vlans, void* removal_list) {
     memcpy(removal_list, ids.data(), sizeof ids);
 }
 
+bool is_zero(const void* buffer, size_t size) {
+    const auto* bytes = static_cast<const unsigned char*>(buffer);
+    return std::all_of(bytes, bytes + size, [](unsigned char byte) { return byte == 0; });
+}
+
 void remove_vlans(const void* removal_list) {
     std::array<int32_t, max_vlans> ids;
     memcpy(ids.data(), removal_list, sizeof ids);
@@ -214,6 +220,10 @@ int check_vlan_data(vlan_data_t* data, char*, TstFlshVlanEntry* table, void* rem
             const int verdict = judge(*data, vlans);
             if (verdict != VLAN_DATA_VALID) {
                 return verdict;
+            }
+            if (!is_zero(table, max_vlans * sizeof *table) ||
+                !is_zero(removal_list, max_vlans * sizeof(int32_t))) {
+                return VLAN_DATA_MANAGEMENT;
             }
             prepare_table(vlans, table);
             prepare_removal(vlans, removal_list);
