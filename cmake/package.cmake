@@ -7,14 +7,17 @@ file(GLOB documents CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 
+# Once for man, and once as it is, for the links between the documents and for
+# the example, which takes the names of the codes from it.
 set(manual ${PROJECT_SOURCE_DIR}/docs/switch-config.8)
-if(EXISTS ${manual})
-  set(compressed ${PROJECT_BINARY_DIR}/switch-config.8.gz)
-  add_custom_command(OUTPUT ${compressed}
-    COMMAND gzip -9nc ${manual} >${compressed} DEPENDS ${manual})
-  add_custom_target(manual ALL DEPENDS ${compressed})
-  install(FILES ${compressed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
-endif()
+set(compressed ${PROJECT_BINARY_DIR}/switch-config.8.gz)
+add_custom_command(OUTPUT ${compressed}
+  COMMAND gzip -9nc ${manual} >${compressed} DEPENDS ${manual})
+add_custom_target(manual ALL DEPENDS ${compressed})
+install(FILES ${compressed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
+install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(PROGRAMS ${PROJECT_SOURCE_DIR}/docs/examples/careful-restore
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/examples)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_STRIP_FILES ON)
