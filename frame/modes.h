@@ -16,8 +16,9 @@ extern std::uint32_t gKeepConfig;
 
 // Backup: writes the document to backup_path. The report is empty afterwards,
 // or holds 210 when the document cannot be created; when not even the report can
-// be, a message on standard output says so. A document that is created new is readable and writable
-// by its owner only, since it holds passwords in plain text; one that exists keeps its permissions.
+// be, a message on standard output says so. A document that is created new is
+// readable and writable by its owner only, since it holds passwords in plain
+// text; one that exists keeps its permissions.
 void create_config_ini_file();
 
 // Check: 0 when the document can be loaded and every section passes; else -1,

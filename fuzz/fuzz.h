@@ -15,8 +15,7 @@ bool check(const dictionary* ini);
 
 std::string backup();
 
-// Whether a value holds a double quote or a backslash at its end, which a
-// document cannot carry.
+// Whether a value holds a double quote, which a document cannot carry.
 bool holds_what_no_document_can(const dictionary* ini);
 
 // Prints the message and the document and ends the process when untrue.

@@ -2,7 +2,8 @@
  * The login accounts: 15 slots, numbered from 0, any of which may be empty.
  *
  * Each operation reports through its last argument. Texts have at most 31
- * characters; size is that of the text's buffer, 32.
+ * characters; size is that of the text's buffer, 32. One that fills its buffer
+ * needs no terminator.
  */
 #ifndef SWITCH_ACCOUNTS_H
 #define SWITCH_ACCOUNTS_H

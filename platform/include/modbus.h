@@ -22,9 +22,10 @@ typedef struct {
 
 /*
  * A read of the address or port fills the width of its field above. The
- * caller's variable is zeroed and has room for an unsigned long, so that a library that fills
- * another width does no harm; the value then comes out right on a little-endian machine only, and
- * such a library needs an adapter on a big-endian one.
+ * caller's variable is zeroed and has room for an unsigned long, so that a
+ * library that fills another width does no harm; the value then comes out right
+ * on a little-endian machine only, and such a library needs an adapter on a
+ * big-endian one.
  */
 unsigned short U_SysGetModbusAddr(uint8_t* address);
 unsigned short U_SysSetModbusAddr(int address);

@@ -1,7 +1,8 @@
 /*
  * The mail that the switch sends by SMTP (RFC 5321).
  *
- * Texts are terminated, in fields of 32 bytes, the password of 16. Operations
+ * Texts are in fields of 32 bytes, the password of 16; one that fills its field
+ * needs no terminator. The tool gives at most 31 and 15 characters. Operations
  * return 0 (USR_RET_OK) or a fault; a read that fails leaves its outputs as
  * they were.
  */

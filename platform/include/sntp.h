@@ -1,7 +1,8 @@
 /*
  * Time from NTP servers by SNTP (RFC 4330), and the daylight-saving rule.
  *
- * Server names are in fields of 32 bytes, terminated, at most 31 characters.
+ * Server names are in fields of 32 bytes; one that fills its field needs no
+ * terminator. The tool gives at most 31 characters.
  * Operations return 0 (USR_RET_OK) or a fault; a read that fails leaves its
  * outputs as they were.
  */

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int port_number = 8; // the width of the library's arrays
+constexpr int vlan_ports = 8; // the width of the library's arrays
 
 constexpr int min_vlan_id = 1;
 constexpr int max_vlan_id = 4094;
@@ -51,7 +51,7 @@ void write_isolation(FILE* ini_file, int ports) {
 } // namespace
 
 void backup_ini_vlan_settings(FILE* ini_file) {
-    const int ports = std::min<int>(g_ucMaxPhyPort, port_number);
+    const int ports = std::min<int>(g_ucMaxPhyPort, vlan_ports);
     write_section_line(ini_file, "vlan setting");
     write_port_vlans(ini_file, ports);
     write_management_vlan(ini_file);
@@ -85,7 +85,7 @@ std::int32_t role_of(const char* text) {
 }
 
 int check_roles(const dictionary* ini, FILE* error_file, vlan_data_t& data) {
-    for (int port = 0; port < port_number; ++port) {
+    for (int port = 0; port < vlan_ports; ++port) {
         const char* role = read_role(ini, port);
         if (is_absent(role)) {
             return report_fault(error_file, USR_RET_ERR_VLAN_ROLE_NO_FOUND);
@@ -96,7 +96,7 @@ int check_roles(const dictionary* ini, FILE* error_file, vlan_data_t& data) {
 }
 
 int check_lists(const dictionary* ini, FILE* error_file, vlan_data_t& data) {
-    for (int port = 0; port < port_number; ++port) {
+    for (int port = 0; port < vlan_ports; ++port) {
         const char* list = read_list(ini, port);
         if (is_absent(list)) {
             return report_fault(error_file, USR_RET_ERR_VLAN_ID_NO_FOUND);
@@ -209,7 +209,7 @@ int isolation_fault(const char* list) {
 }
 
 int check_isolation(const dictionary* ini, FILE* error_file) {
-    for (int port = 0; port < port_number; ++port) {
+    for (int port = 0; port < vlan_ports; ++port) {
         const char* list = read_isolation(ini, port);
         const int fault =
             is_absent(list) ? USR_RET_ERR_VLAN_ISOLATION_NO_FOUND : isolation_fault(list);
@@ -235,7 +235,7 @@ namespace {
 
 // False when a list is missing.
 bool read_port_vlans(const dictionary* ini, vlan_data_t& data) {
-    for (int port = 0; port < port_number; ++port) {
+    for (int port = 0; port < vlan_ports; ++port) {
         const char* list = read_list(ini, port);
         if (is_absent(list)) {
             return false;
@@ -277,7 +277,7 @@ void restore_isolation(const dictionary* ini) {
     TstFlshVlanPortBasedEntry table = {};
     U_LPortMaskClrAll(&none);
     U_FlshVlanGetPortBasedEntry(&table);
-    for (int port = 0; port < port_number; ++port) {
+    for (int port = 0; port < vlan_ports; ++port) {
         const char* list = read_isolation(ini, port);
         if (!is_absent(list)) {
             table.stPortMask[port] = none;

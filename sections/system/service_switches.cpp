@@ -45,6 +45,8 @@ void restore_ini_lldp(const dictionary* ini) {
     U_LldpSetTxInterval(&interval);
 }
 
+// What the document calls source is the analyzer port, and destination the
+// monitored one, in both directions.
 // Ports count from 1 in the document, but while mirroring is off they are the
 // device's own numbers: these say nothing, and restore does not read them.
 void backup_ini_port_mirror_settings(FILE* ini_file) {
