@@ -52,26 +52,6 @@ constexpr char snmp_17[] = SNMP_16 "47f2b36e60a21de221617da9601ead1f";
 
 } // namespace
 
-// FIPS 197, appendix C.3.
-TEST_F(Codec, BlockCipher) {
-    uint8_t aes_key[32];
-    uint8_t block[16];
-    for (unsigned i = 0; i < sizeof aes_key; ++i) {
-        aes_key[i] = static_cast<uint8_t>(i);
-    }
-    for (unsigned i = 0; i < sizeof block; ++i) {
-        block[i] = static_cast<uint8_t>(i * 0x11);
-    }
-    const uint8_t cipher[] = {0x8e, 0xa2, 0xb7, 0xca, 0x51, 0x67, 0x45, 0xbf,
-                              0xea, 0xfc, 0x49, 0x90, 0x4b, 0x49, 0x60, 0x89};
-    AES_ctx context;
-    AES_init_ctx(&context, aes_key);
-    AES_ECB_encrypt(&context, block);
-    EXPECT_EQ(memcmp(block, cipher, sizeof block), 0);
-    AES_ECB_decrypt(&context, block);
-    EXPECT_EQ(block[15], 0xff);
-}
-
 TEST_F(Codec, Snmp) {
     const Answer answers[] = {
         {0, "a447ac18ef405a95e300443e68409d81"},

@@ -4,25 +4,20 @@
 
 #include "tests/support/switch_test.h"
 
+#include <memory>
+
 class Document : public SwitchTest {
 protected:
-    ~Document() override {
-        if (ini != nullptr) {
-            iniparser_freedict(ini);
-        }
-    }
-
     bool load(const std::string& content) {
-        if (ini != nullptr) {
-            iniparser_freedict(ini);
-        }
         write_file(path, content);
-        ini = load_document(path.c_str());
+        document.reset(load_document(path.c_str()));
+        ini = document.get();
         return ini != nullptr;
     }
 
     const std::string path = testing::TempDir() + "document_test.ini";
-    dictionary* ini = nullptr;
+    std::unique_ptr<dictionary, void (*)(dictionary*)> document = {nullptr, iniparser_freedict};
+    const dictionary* ini = nullptr;
 };
 
 TEST_F(Document, Numbers) {

@@ -83,10 +83,6 @@ private:
         }
     }
 
-    void any_of(simulator::Ipv4& address) { any_of(address.value); }
-    void any_of(simulator::Mac& mac) { any_of(mac.bytes); }
-    void any_of(simulator::PortSet& ports) { any_of(ports.words); }
-
     std::mt19937 random_;
 };
 
@@ -94,7 +90,7 @@ void generate_system(Generator& g, State& s) {
     g.texts(1, 32, s.eeprom.model_name);
     g.numbers(0, 1, s.eeprom.macsec_port_type, s.system.dhcp);
     g.numbers(1, 2, s.eeprom.fiber_speed[0], s.eeprom.fiber_speed[1]);
-    g.any(s.system.mac, s.system.firmware_major, s.system.firmware_minor);
+    g.any(s.system.mac.bytes, s.system.firmware_major, s.system.firmware_minor);
     g.texts(0, 29, s.system.name);
     s.system.mask = {0xffff0000};
     s.system.address = {g.number<std::uint32_t>(1, 126) << 24 |
@@ -156,7 +152,7 @@ void generate_security(Generator& g, State& s) {
         g.texts(0, 32, macsec.sak);
     }
     g.numbers(0, 1, s.dot1x.enabled);
-    g.any(s.dot1x.server, s.dot1x.server_port, s.dot1x.accounting_port);
+    g.any(s.dot1x.server.value, s.dot1x.server_port, s.dot1x.accounting_port);
     g.texts(0, 29, s.dot1x.nas_identifier);
     g.texts(0, 30, s.dot1x.shared_key);
     g.numbers(10, 65535, s.dot1x.quiet_period, s.dot1x.tx_period);
@@ -175,7 +171,7 @@ void generate_services(Generator& g, State& s) {
     g.numbers(0, 1, s.modbus.enabled, s.system_log.event_to_flash, s.system_log.server_enabled,
               s.port_mirror.state, s.sntp.client_enabled, s.sntp.manual, s.daylight.enabled);
     g.numbers(0, 7, s.system_log.level);
-    g.any(s.system_log.server, s.system_log.server_port);
+    g.any(s.system_log.server.value, s.system_log.server_port);
     g.numbers(0, 3, s.lldp.enabled);
     g.any(s.port_mirror.analyzer_port, s.port_mirror.monitored_port);
     g.numbers(0, 62, s.sntp.time_zone);
@@ -187,7 +183,7 @@ void generate_services(Generator& g, State& s) {
           rule.end_week, rule.end_day, rule.end_hour, rule.offset);
     g.numbers(-1, 2, s.https.enabled, s.eeprom.serial_port);
     g.numbers(0, 2, s.periodic_backup.enabled, s.warnings.powers[0], s.warnings.powers[1]);
-    g.any(s.periodic_backup.hour, s.periodic_backup.minute, s.periodic_backup.server);
+    g.any(s.periodic_backup.hour, s.periodic_backup.minute, s.periodic_backup.server.value);
     const auto level = g.number<std::uint8_t>(0, 8);
     s.warnings.syslog_level = level == 8 ? 100 : level;
     auto& [to1, to2, to3, to4] = s.smtp.recipients;
@@ -208,7 +204,7 @@ void generate_vlans(Generator& g, State& s) {
             list += "," + std::to_string(g.number(1, 4094));
         }
         s.vlan.lists[port] = list.c_str();
-        g.any(s.vlan.isolation[port]);
+        g.any(s.vlan.isolation[port].words);
         s.vlan.isolation[port].words[0] &= ~(1U << port);
     }
 }
@@ -221,7 +217,8 @@ void generate_switching(Generator& g, State& s) {
         // Where the simulated switch puts a rule of this index, or an empty slot.
         rule.index = static_cast<std::uint16_t>(g.number(0, 3) == 0 ? 0 : i + 1);
         g.texts(0, 31, rule.name);
-        g.any(rule.conditions, rule.mac, rule.mac_mask, rule.ip, rule.ip_mask);
+        g.any(rule.conditions, rule.mac.bytes, rule.mac_mask.bytes, rule.ip.value,
+              rule.ip_mask.value);
         rule.ports.words = {g.number<std::uint32_t>(0, 255) | 1U << 8, 0};
         g.numbers(1, 2, rule.policy);
     });

@@ -40,10 +40,7 @@ std::set<std::string> names_in_sources() {
         for (const auto& entry :
              fs::recursive_directory_iterator(std::string(TEST_DATA) + folder)) {
             const std::string text = entry.is_regular_file() ? read_file(entry.path()) : "";
-            for (std::sregex_iterator match(text.begin(), text.end(), name), end; match != end;
-                 ++match) {
-                names.insert(match->str());
-            }
+            names.insert(std::sregex_token_iterator(text.begin(), text.end(), name), {});
         }
     }
     names.erase("USR_RET_OK"); // no fault

@@ -72,11 +72,11 @@ TEST_F(Simulator, AddressTexts) {
         EXPECT_NE(str_to_mac(mac, text), 0) << text;
     }
     unsigned char bytes[2] = {};
-    EXPECT_EQ(usrutil_hexStrToHexValue(reinterpret_cast<const unsigned char*>("0aFFee"), bytes, 2),
-              0);
+    const unsigned char digits[] = "0aFFee";
+    EXPECT_EQ(usrutil_hexStrToHexValue(digits, bytes, 2), 0);
     EXPECT_EQ(bytes[1], 0xff);
-    EXPECT_EQ(usrutil_hexStrToHexValue(reinterpret_cast<const unsigned char*>("0aFFeg"), bytes, 2),
-              -2);
+    const unsigned char no_digits[] = "0aFFeg";
+    EXPECT_EQ(usrutil_hexStrToHexValue(no_digits, bytes, 2), -2);
 }
 
 TEST_F(Simulator, Masks) {
