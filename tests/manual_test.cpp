@@ -51,21 +51,15 @@ std::set<std::string> names_in_sources() {
 
 class Manual : public testing::Test {
 protected:
-    // The table of the validators' codes follows that of the tool's own.
-    Manual() {
-        const std::size_t split = page.find("\n.Ss From the device's address validators\n");
-        EXPECT_NE(split, std::string::npos);
-        own = table_of(page.substr(0, split));
-        validators = table_of(page.substr(std::min(split, page.size())));
-    }
-
     const std::string page = read_file(TEST_DATA "/../../docs/switch-config.8");
     const Codes enumeration =
         codes_in(read_file(TEST_DATA "/../../platform/include/return_codes.h"),
                  std::regex(R"(\b(USR_RET_\w+) = (\d+))"), 2, 1);
     const std::set<std::string> written = names_in_sources();
-    Codes own;
-    Codes validators;
+    // The table of the validators' codes follows that of the tool's own.
+    const std::size_t split = page.find("\n.Ss From the device's address validators\n");
+    const Codes own = table_of(page.substr(0, split));
+    const Codes validators = table_of(page.substr(std::min(split, page.size())));
 };
 
 TEST_F(Manual, HasTheCodesThatTheToolWritesAndNoOthers) {
