@@ -16,129 +16,115 @@ protected:
 
 namespace {
 
+constexpr char snmp[] = "snmp settings";
+constexpr char password[] = "password";
+constexpr char static_sak[] = "static sak";
+constexpr char dot1x[] = "802.1x setting";
+constexpr char parameters[] = "802.1x parameter setting";
+constexpr char port_modes[] = "802.1x port setting";
+constexpr char login_server[] = "auth server setting";
+
 // Encrypted texts of 48 and of 64 digits.
-#define TEXT_48 "\"000000000000000000000000000000000000000000000000\""
-#define TEXT_64 "\"0000000000000000000000000000000000000000000000000000000000000000\""
-
-constexpr Edit snmp_edits[] = {
-    {"snmp settings", "snmp", nullptr, "248\n"},
-    {"snmp settings", "snmp", "2", "249\n"},
-    {"snmp settings", "snmp version", "-1", "250\n"},
-    {"snmp settings", "snmp version", "4", "251\n"},
-    {"snmp settings", "snmp community string2", "\"longer than 16 ch\"", "253\n"},
-    {"snmp settings", "snmp community string15", "\"\"", "253\n"},
-    {"snmp settings", "snmp community string16", "\"\"", ""},
-    {"snmp settings", "snmp community string2", "\"-1\"", ""}, // absent
-    {"snmp settings", "snmp community permission type1", "0", "255\n"},
-    {"snmp settings", "snmp community permission type15", "3", "255\n"},
-    {"snmp settings", "snmp community permission type2", nullptr, ""},
-    {"snmp settings", "snmp trap mode", nullptr, "256\n"},
-    {"snmp settings", "snmp trap mode", "2", "257\n"},
-    {"snmp settings", "snmp trap server ip1", "\"192.168.10\"", "259\n"},
-    {"snmp settings", "snmp trap server ip15", "\"2001:db8::1\"", ""},
-    {"snmp settings", "snmp trap server port2", "65536", "261\n"},
-    {"snmp settings", "snmp trap server port16", "0", ""},
-    {"snmp settings", "snmp trap server community string1", "\"\"", "263\n"},
-    {"snmp settings", "snmp v3 user name2", "\"\"", "265\n"},
-    {"snmp settings", "snmp v3 user name3", "\"\"", ""},
-    {"snmp settings", "snmp v3 authentication password1", TEXT_48, "267\n"},
-    {"snmp settings", "snmp v3 encryption key1", "\"authenticate me\"", "269\n"},
-    {"snmp settings", "snmp v3 encryption key1", nullptr, ""},
-};
-
-constexpr Edit static_sak_edits[] = {
-    {"static sak", "port 7 static sak status", "2", "219\n"},
-    {"static sak", "port 8 static sak status", "-1", "219\n"},
-    {"static sak", "port 8 static sak status", nullptr, ""},
-    {"static sak", "port 7 sci", TEXT_64, "220\n"},
-    {"static sak", "port 8 sci", nullptr, "220\n"},
-    {"static sak", "port 7 sak", TEXT_48, "221\n"},
-    {"static sak", "port 8 sak", TEXT_64, ""},
-    {"static sak", "port 7 sci", "\"0123456789abcdef0123456789abcdeg\"", "222\n"},
-    {"static sak", "port 8 sak", "\"0123456789abcdef0123456789abcd f\"", "222\n"},
-};
-
-// The factory switch has 802.1X off: the server may not change.
-constexpr Edit dot1x_off_edits[] = {
-    {"802.1x setting", "802.1x", nullptr, ""},
-    {"802.1x setting", "802.1x", "\"maybe\"", ""},
-    {"802.1x setting", "radius server ip", "\"192.168.10.61\"", "223\n"},
-    {"802.1x setting", "radius server ip", nullptr, "223\n"},
-    {"802.1x setting", "server port", "1813", "224\n"},
-    {"802.1x setting", "server port", "67348", "224\n"}, // 1812 in its low 16 bits
-    {"802.1x setting", "accounting port", "\"01813\"", ""},
-    {"802.1x setting", "accounting port", "\"0x715\"", "225\n"}, // decimal only
-    {"802.1x setting", "nas identifier", "\"Cabinet-4\"", "226\n"},
-    {"802.1x setting", "shared key", TEXT_64, "227\n"},
-    {"802.1x setting", "shared key",
-     "\"AFA3250E392142F0B07A35839A9217A117C98319D042B7A8BCB668E85AE05ECB\"", "227\n"},
-};
-
-constexpr Edit dot1x_on_edits[] = {
-    {"802.1x setting", "radius server ip", "\"10.0.0.256\"", "228\n"},
-    {"802.1x setting", "radius server ip", "\"10.0.0.1\"", ""},
-    {"802.1x setting", "server port", "70000", "229\n"},
-    {"802.1x setting", "server port", "-1", "229\n"},
-    {"802.1x setting", "server port", nullptr, ""},
-    {"802.1x setting", "accounting port", "65536", "230\n"},
-    {"802.1x setting", "accounting port", "65535", ""},
-    {"802.1x setting", "nas identifier", "\"12345678901234567890123456789\"", ""},
-    {"802.1x setting", "nas identifier", "\"123456789012345678901234567890\"", "231\n"},
-    {"802.1x setting", "shared key", TEXT_48, "232\n"},
-    {"802.1x setting", "shared key", TEXT_64, ""},
-    {"802.1x setting", "shared key", "\"these 32 characters are no text.\"", ""},
-};
-
-constexpr Edit dot1x_parameter_edits[] = {
-    {"802.1x parameter setting", "quiet period", "9", "233\n"},
-    {"802.1x parameter setting", "quiet period", "65536", "233\n"},
-    {"802.1x parameter setting", "quiet period", nullptr, "233\n"},
-    {"802.1x parameter setting", "tx period", "-10", "234\n"},
-    {"802.1x parameter setting", "tx period", "65536", "234\n"},
-    {"802.1x parameter setting", "tx period", "65535", ""},
-    {"802.1x parameter setting", "supplicant timeout", "301", "235\n"},
-    {"802.1x parameter setting", "supplicant timeout", "300", ""},
-    {"802.1x parameter setting", "server timeout", "301", "236\n"},
-    {"802.1x parameter setting", "server timeout", "10", ""},
-    {"802.1x parameter setting", "maximum requests", "1", "237\n"},
-    {"802.1x parameter setting", "maximum requests", "11", "237\n"},
-    {"802.1x parameter setting", "reauth period", "29", "238\n"},
-    {"802.1x parameter setting", "reauth period", "30", ""},
-    {"802.1x parameter setting", "reauth period", "65536", "238\n"},
-    {"802.1x port setting", "port1_mode", nullptr, "239\n"},
-    {"802.1x port setting", "port8_mode", "\"force authorized\"", "239\n"},
-    {"802.1x port setting", "port8_mode", "\"N/A\"", ""},
-    {"802.1x port setting", "port9_mode", "\"none\"", ""},
-    {"auth server setting", "authentication server", nullptr, "307\n"},
-    {"auth server setting", "authentication server", "\"-1\"", "307\n"},
-    {"auth server setting", "authentication server", "\"on\"", ""},
-    {"auth server setting", "server Ip/Name", nullptr, ""},
-    {"password", "access_right0", "\"emperor\"", ""},
-};
-
-bool has_call(const std::string& name) {
-    for (const std::string& call : all_calls()) {
-        if (call.find(name) != std::string::npos) {
-            return true;
-        }
-    }
-    return false;
-}
+constexpr char text_48[] = "\"000000000000000000000000000000000000000000000000\"";
+constexpr char text_64[] = "\"0000000000000000000000000000000000000000000000000000000000000000\"";
 
 } // namespace
 
-TEST_F(Security, CheckReports) {
-    expect_reports(good, snmp_edits);
-    expect_reports(good, static_sak_edits);
-    expect_reports(good, dot1x_off_edits);
-    expect_reports(without(good, "802.1x setting", "802.1x"), dot1x_off_edits);
-    expect_reports(with(good, "802.1x setting", "802.1x", "1"), dot1x_on_edits);
-    expect_reports(good, dot1x_parameter_edits);
-    EXPECT_EQ(check(without_section(good, "password")), "");
+TEST_F(Security, CheckSnmp) {
+    const std::vector<Reported> edits = {
+        {snmp, "snmp", {"2"}, "249\n"},
+        {snmp, "snmp version", {"-1"}, "250\n"},
+        {snmp, "snmp version", {"4"}, "251\n"},
+        {snmp, "snmp community string2", {"\"longer than 16 ch\""}, "253\n"},
+        {snmp, "snmp community string2", {"\"-1\""}, ""}, // absent
+        {snmp, "snmp community string15", {"\"\""}, "253\n"},
+        {snmp, "snmp community string16", {"\"\""}, ""},
+        {snmp, "snmp community permission type1", {"0"}, "255\n"},
+        {snmp, "snmp community permission type15", {"3"}, "255\n"},
+        {snmp, "snmp community permission type2", {nullptr}, ""},
+        {snmp, "snmp trap mode", {nullptr}, "256\n"},
+        {snmp, "snmp trap mode", {"2"}, "257\n"},
+        {snmp, "snmp trap server ip1", {"\"192.168.10\""}, "259\n"},
+        {snmp, "snmp trap server ip15", {"\"2001:db8::1\""}, ""},
+        {snmp, "snmp trap server port2", {"65536"}, "261\n"},
+        {snmp, "snmp trap server port16", {"0"}, ""},
+        {snmp, "snmp v3 user name2", {"\"\""}, "265\n"},
+        {snmp, "snmp v3 user name3", {"\"\""}, ""},
+        {snmp, "snmp v3 authentication password1", {text_48}, "267\n"},
+        {snmp, "snmp v3 encryption key1", {"\"authenticate me\""}, "269\n"},
+        {snmp, "snmp v3 encryption key1", {nullptr}, ""},
+    };
+    expect_reports(good, edits);
+}
+
+TEST_F(Security, CheckStaticSakAndAccounts) {
+    const std::vector<Reported> edits = {
+        {static_sak, "port 8 static sak status", {"-1"}, "219\n"},
+        {static_sak, "port 8 static sak status", {nullptr}, ""},
+        {static_sak, "port 7 sci", {text_64}, "220\n"},
+        {static_sak, "port 8 sci", {nullptr}, "220\n"},
+        {static_sak, "port 7 sak", {text_48}, "221\n"},
+        {static_sak, "port 8 sak", {text_64}, ""},
+        {static_sak, "port 7 sci", {"\"0123456789abcdef0123456789abcdeg\""}, "222\n"},
+        {static_sak, "port 8 sak", {"\"0123456789abcdef0123456789abcd f\""}, "222\n"},
+        {login_server, "authentication server", {"\"-1\""}, "307\n"},
+        {login_server, "authentication server", {"\"on\""}, ""},
+        {login_server, "server Ip/Name", {nullptr}, ""},
+        {password, "access_right0", {"\"emperor\""}, ""},
+    };
+    expect_reports(good, edits);
+    EXPECT_EQ(check(without_section(good, password)), "");
+}
+
+TEST_F(Security, CheckDot1x) {
+    const char capitals[] = "AFA3250E392142F0B07A35839A9217A117C98319D042B7A8BCB668E85AE05ECB";
+    // The factory switch has 802.1X off: the server may not change.
+    const std::vector<Reported> off = {
+        {dot1x, "802.1x", {nullptr, "\"maybe\""}, ""},
+        {dot1x, "radius server ip", {"\"192.168.10.61\"", nullptr}, "223\n"},
+        {dot1x, "server port", {"1813"}, "224\n"},
+        {dot1x, "server port", {"67348"}, "224\n"}, // 1812 in its low 16 bits
+        {dot1x, "accounting port", {"\"01813\""}, ""},
+        {dot1x, "accounting port", {"\"0x715\""}, "225\n"}, // decimal only
+        {dot1x, "nas identifier", {"\"Cabinet-4\""}, "226\n"},
+        {dot1x, "shared key", {text_64, capitals}, "227\n"},
+    };
+    expect_reports(good, off);
+    expect_reports(without(good, dot1x, "802.1x"), off);
+    const std::vector<Reported> on = {
+        {dot1x, "radius server ip", {"\"10.0.0.256\""}, "228\n"},
+        {dot1x, "radius server ip", {"\"10.0.0.1\""}, ""},
+        {dot1x, "server port", {"70000", "-1"}, "229\n"},
+        {dot1x, "server port", {nullptr}, ""},
+        {dot1x, "accounting port", {"65536"}, "230\n"},
+        {dot1x, "accounting port", {"65535"}, ""},
+        {dot1x, "nas identifier", {"\"12345678901234567890123456789\""}, ""},
+        {dot1x, "nas identifier", {"\"123456789012345678901234567890\""}, "231\n"},
+        {dot1x, "shared key", {text_48}, "232\n"},
+        {dot1x, "shared key", {text_64, "\"these 32 characters are no text.\""}, ""},
+    };
+    expect_reports(with(good, dot1x, "802.1x", "1"), on);
+    const std::vector<Reported> either = {
+        {parameters, "quiet period", {"9", "65536", nullptr}, "233\n"},
+        {parameters, "tx period", {"-10", "65536"}, "234\n"},
+        {parameters, "tx period", {"65535"}, ""},
+        {parameters, "supplicant timeout", {"301"}, "235\n"},
+        {parameters, "supplicant timeout", {"300"}, ""},
+        {parameters, "server timeout", {"301"}, "236\n"},
+        {parameters, "server timeout", {"10"}, ""},
+        {parameters, "maximum requests", {"1", "11"}, "237\n"},
+        {parameters, "reauth period", {"29", "65536"}, "238\n"},
+        {parameters, "reauth period", {"30"}, ""},
+        {port_modes, "port1_mode", {nullptr}, "239\n"},
+        {port_modes, "port8_mode", {"\"force authorized\""}, "239\n"},
+        {port_modes, "port8_mode", {"\"N/A\""}, ""},
+        {port_modes, "port9_mode", {"\"none\""}, ""},
+    };
+    expect_reports(good, either);
 }
 
 TEST_F(Security, AddressThatDoesNotConvertIsNone) {
-    const std::string document = with(good, "802.1x setting", "radius server ip", "\"nowhere\"");
+    const std::string document = with(good, dot1x, "radius server ip", "\"nowhere\"");
     EXPECT_EQ(check(document), "223\n");
     state().dot1x.server = {0};
     EXPECT_EQ(check(document), "");
@@ -147,104 +133,80 @@ TEST_F(Security, AddressThatDoesNotConvertIsNone) {
 TEST_F(Security, CheckDecodesNothing) {
     simulator::journal().clear();
     EXPECT_EQ(check(good), "");
-    EXPECT_TRUE(has_call("AES_ECB_encrypt")); // the device's shared key, for comparison
-    EXPECT_FALSE(has_call("AES_ECB_decrypt"));
+    // The device's shared key, for comparison.
+    EXPECT_NE(calls_with(all_calls(), "AES_ECB_encrypt"), Calls{});
+    EXPECT_EQ(calls_with(all_calls(), "AES_ECB_decrypt"), Calls{});
 }
 
 TEST_F(Security, AgentWithoutKeys) {
-    const std::string document = without_section(good, "snmp settings");
+    const std::string document = without_section(good, snmp);
     EXPECT_EQ(restore_calls(document, "SnmpSet"),
               (Calls{"U_SnmpSetEbl(0)", "U_FlshSnmpSetVer(1)", "U_FlshSnmpSetMode(1)"}));
     EXPECT_EQ(restore_calls(document, "SnmpIns"), Calls{});
     reset();
     make_fail("U_SnmpGetCommunitySize,U_SnmpGetTrapSize,U_SnmpGetUsmSize");
-    EXPECT_EQ(backup().find("\nsnmp v3"), std::string::npos);
-    EXPECT_EQ(backup().find("string1"), std::string::npos)
-        << "a table that cannot be read is empty";
+    const std::string unreadable = backup(); // its tables are empty
+    EXPECT_FALSE(contains(unreadable, "\nsnmp v3"));
+    EXPECT_FALSE(contains(unreadable, "string1"));
 }
 
 TEST_F(Security, Communities) {
-    const char section[] = "snmp settings";
     // Number 4 lacks its type; the complete number 15 is inserted all the same.
-    std::string document = with(good, section, "snmp community string4", "\"lonely\"");
-    document = with(document, section, "snmp community string15", "\"sixteen letters, and more\"");
-    document = with(document, section, "snmp v3 user name1", "\"sixteen letters, and more\"");
-    document = with(document, section, "snmp community permission type15", "258");
-    document = with(document, section, "snmp community string16", "\"beyond\"");
-    document = with(document, section, "snmp community permission type16", "1");
+    const std::string document = with(good, snmp,
+                                      {{"snmp community string4", "\"lonely\""},
+                                       {"snmp community string15", "\"sixteen letters, and more\""},
+                                       {"snmp community permission type15", "258"},
+                                       {"snmp community string16", "\"beyond\""},
+                                       {"snmp community permission type16", "1"},
+                                       {"snmp v3 user name1", "\"sixteen letters, and more\""}});
     EXPECT_EQ(restore_calls(document, "Community"),
               (Calls{"U_SnmpDelCommunity(\"public\")", "U_SnmpDelCommunity(\"private\")",
                      "U_SnmpInsCommunity(1, \"public\")", "U_SnmpInsCommunity(2, \"private\")",
                      "U_SnmpInsCommunity(2, \"sixteen letters,\")"}));
     EXPECT_EQ(state().snmp.users.back().name.text(), "sixteen letters,");
-    // All are read before the first is deleted.
-    Calls read_and_deleted;
-    for (const std::string& call : all_calls()) {
-        if (call.find("GetCommunityE") != std::string::npos || call.find("Del") == 6) {
-            read_and_deleted.push_back(call);
-        }
-    }
-    read_and_deleted.resize(4);
-    EXPECT_EQ(read_and_deleted,
-              (Calls{"U_SnmpGetCommunityEntry(0)", "U_SnmpGetCommunityEntry(1)",
-                     "U_SnmpDelCommunity(\"public\")", "U_SnmpDelCommunity(\"private\")"}));
 }
 
 TEST_F(Security, ChangedTrapModeInsertsTheReceiversAnew) {
-    const Calls removed = {"U_SnmpDelTrapIpv6(192.168.10.50, 162)",
-                           "U_SnmpDelTrapIpv6(192.168.10.51, 1162)"};
-    const Calls inserted = {"U_SnmpInsInformIpv6(192.168.10.50, 162, \"public\")",
-                            "U_SnmpInsInformIpv6(192.168.10.51, 1162, \"traps\")"};
+    const std::string del = "U_SnmpDelTrapIpv6(192.168.10.";
+    const std::string ins = "U_SnmpInsInformIpv6(192.168.10.";
+    const Calls removed = {del + "50, 162)", del + "51, 1162)"};
+    const Calls inserted = {ins + "50, 162, \"public\")", ins + "51, 1162, \"traps\")"};
+    const Calls calls = restore_calls(with(good, snmp, "snmp trap mode", "1"), "Snmp");
+    EXPECT_EQ(calls.at(6), "U_FlshSnmpSetMode(1)"); // behind the communities
     // Deleting moves the entries up, so that the loop meets the first one again.
-    const Calls anew = {"U_FlshSnmpSetMode(1)", removed[0], inserted[0], removed[0], inserted[0]};
-    Calls expected = anew;
-    const Calls order_then = {removed[1], removed[0]};
-    expected.insert(expected.end(), order_then.begin(), order_then.end());
-    expected.insert(expected.end(), inserted.begin(), inserted.end());
-
-    const std::string document = with(good, "snmp settings", "snmp trap mode", "1");
-    Calls calls;
-    for (const std::string& call : restore(document)) {
-        if (call.find("Ipv6") != std::string::npos || call.find("SetMode") != std::string::npos) {
-            calls.push_back(call);
-        }
-    }
-    EXPECT_EQ(calls, expected);
+    // Then all go, and those of the document come.
+    EXPECT_EQ(calls_with(calls, "Ipv6"), (Calls{removed[0], inserted[0], removed[0], inserted[0],
+                                                removed[1], removed[0], inserted[0], inserted[1]}));
     EXPECT_EQ(state().snmp.trap_mode, 1);
 }
 
 TEST_F(Security, TrapReceivers) {
-    std::string document = with(good, "snmp settings", "snmp trap server ip1", "\"no address\"");
-    document = with(document, "snmp settings", "snmp trap server port1", "65537");
+    std::string document = with(good, snmp, "snmp trap server ip1", "\"no address\"");
+    document = with(document, snmp, "snmp trap server port1", "65537");
     EXPECT_EQ(restore_calls(document, "SnmpInsTrap").front(),
               "U_SnmpInsTrapIpv6(0.0.0.0, 1, \"public\")");
     for (const char* key : {"ip2", "port2", "community string2"}) {
-        const std::string lacking =
-            without(document, "snmp settings", std::string("snmp trap server ") + key);
+        const std::string lacking = without(document, snmp, std::string("snmp trap server ") + key);
         EXPECT_EQ(restore_calls(lacking, "SnmpInsTrap").size(), 1U) << key;
     }
     // Without a mode the receivers are to be informed.
-    EXPECT_EQ(restore_calls(without(good, "snmp settings", "snmp trap mode"), "SetMode"),
-              (Calls{"U_FlshSnmpSetMode(1)"}));
-    EXPECT_EQ(restore_calls(good, "SetMode"), (Calls{"U_FlshSnmpSetMode(0)"}));
-    EXPECT_EQ(restore_calls(good, "SetMode"), Calls{});
+    EXPECT_EQ(restored(without(good, snmp, "snmp trap mode"), "U_FlshSnmpSetMode("), "1)");
+    EXPECT_EQ(restored(good, "U_FlshSnmpSetMode("), "0)");
+    EXPECT_EQ(restored(good, "U_FlshSnmpSetMode("), "");
 }
 
 TEST_F(Security, UserProtocolsFollowTheSecrets) {
     state().snmp.users = {{"none", 2, "", 1, ""}, {"key only", 0, "", 0, "key"}};
-    EXPECT_EQ(restore_calls(backup(), "InsUsm"),
-              (Calls{R"(U_SnmpInsUsm("none", 0, "", 0, ""))",
-                     R"(U_SnmpInsUsm("key only", 1, "", 1, "key"))"}));
+    EXPECT_EQ(restored(backup(), "U_SnmpInsUsm("),
+              R"("none", 0, "", 0, ""); "key only", 1, "", 1, "key"))");
     state().snmp.users = {{"password only", 0, "p", 0, ""}, {"both", 0, "p", 0, "k"}};
-    EXPECT_EQ(restore_calls(backup(), "InsUsm"),
-              (Calls{R"(U_SnmpInsUsm("password only", 1, "p", 0, ""))",
-                     R"(U_SnmpInsUsm("both", 1, "p", 1, "k"))"}));
-    EXPECT_EQ(restore_calls(without(good, "snmp settings", "snmp v3 encryption key1"), "InsUsm"),
-              Calls{});
+    EXPECT_EQ(restored(backup(), "U_SnmpInsUsm("),
+              R"("password only", 1, "p", 0, ""); "both", 1, "p", 1, "k"))");
+    EXPECT_EQ(restored(without(good, snmp, "snmp v3 encryption key1"), "U_SnmpInsUsm("), "");
 }
 
 TEST_F(Security, Accounts) {
-    std::string document = without_section(good, "password");
+    std::string document = without_section(good, password);
     Calls empty_added;
     for (int slot = 0; slot < 15; ++slot) {
         empty_added.push_back(
@@ -252,23 +214,21 @@ TEST_F(Security, Accounts) {
         empty_added.push_back(R"(account_deleteFromFlash(""))");
     }
     EXPECT_EQ(restore_calls(document, "account_"), empty_added);
-    EXPECT_EQ(restore_calls(document, "PSWD"),
-              (Calls{"usrflsh_setPSWD_minLen(0)", "usrflsh_setPSWD_maxLen(0)"}));
+    EXPECT_EQ(restored(document, "usrflsh_setPSWD_"), "minLen(0); maxLen(0)");
     EXPECT_EQ(state().accounts.slots.size(), 5U) << "the device keeps its accounts";
 
-    document = with(good, "password", "user name14", "\"" + std::string(40, 'u') + "\"");
-    document = with(document, "password", "password14", "\"" + std::string(40, 'p') + "\"");
-    document = with(document, "password", "access_right14", "\"2nd\"");
-    document = with(document, "password", "minimum_length", "256");
-    document = with(document, "password", "maximum_length", "\"-1\"");
-    const Calls calls = restore_calls(document, "account_addToFlash");
-    EXPECT_EQ(calls.back(), "account_addToFlash(account_t{username=\"" + std::string(31, 'u') +
-                                "\", password=\"" + std::string(31, 'p') + "\", access_right=2})");
-    EXPECT_EQ(restore_calls(document, "PSWD"),
-              (Calls{"usrflsh_setPSWD_minLen(0)", "usrflsh_setPSWD_maxLen(255)"}));
-    EXPECT_EQ(restore_calls(good, "PSWD").size(), 2U);
+    document = with(good, password, "user name14", "\"" + std::string(40, 'u') + "\"");
+    document = with(document, password, "password14", "\"" + std::string(40, 'p') + "\"");
+    document = with(document, password, "access_right14", "\"2nd\"");
+    document = with(document, password, {{"minimum_length", "256"}, {"maximum_length", "\"-1\""}});
+    EXPECT_EQ(restore_calls(document, "account_addToFlash").back(),
+              "account_addToFlash(account_t{username=\"" + std::string(31, 'u') +
+                  "\", password=\"" + std::string(31, 'p') + "\", access_right=2})");
+    EXPECT_EQ(restored(document, "usrflsh_setPSWD_"), "minLen(0); maxLen(255)");
+    EXPECT_EQ(restored(good, "usrflsh_setPSWD_"), "minLen(6); maxLen(31)");
     restore(good, 1);
-    EXPECT_FALSE(has_call("account_") || has_call("PSWD"));
+    EXPECT_EQ(calls_with(all_calls(), "account_"), Calls{});
+    EXPECT_EQ(calls_with(all_calls(), "PSWD"), Calls{});
 }
 
 TEST_F(Security, AccountErrorsOfTheDevice) {
@@ -277,12 +237,11 @@ TEST_F(Security, AccountErrorsOfTheDevice) {
         state().accounts.slots[slot].name = ("user" + std::to_string(slot)).c_str();
     }
     const std::string full = backup();
-    const std::string other = with(full, "password", "user name3", "\"newcomer\"");
-    restore(other); // no room, and the loop goes on
+    restore(with(full, password, "user name3", "\"newcomer\"")); // no room, and the loop goes on
     EXPECT_EQ(backup(), full);
 
     state().accounts.slots = {{false, "", "", 0}, {false, "ann", "", 1}};
-    restore(without_section(full, "password"));
+    restore(without_section(full, password));
     EXPECT_TRUE(state().accounts.slots[0].empty) << "an empty name is removed";
 
     account_t administrator = {};
@@ -294,48 +253,38 @@ TEST_F(Security, AccountErrorsOfTheDevice) {
     EXPECT_EQ(error, ACCOUNT_ERROR_INVALID_INDEX);
 }
 
-TEST_F(Security, Dot1x) {
-    std::string document = with(good, "802.1x setting", "802.1x", "\"True\"");
-    document = with(document, "802.1x setting", "radius server ip", "\"nowhere\"");
-    document = with(document, "802.1x setting", "server port", "65537");
-    document = with(document, "802.1x setting", "accounting port", "\"0x10\"");
-    document = without(document, "802.1x setting", "nas identifier");
-    EXPECT_EQ(restore_calls(document, "Dot1xSetE"), (Calls{"U_Dot1xSetEbl(1)"}));
-    EXPECT_EQ(restore_calls(document, "Dot1xSetRds"),
-              (Calls{"U_Dot1xSetRds(0.0.0.0, 1, 0)", "U_Dot1xSetRdsId(\"\")",
-                     "U_Dot1xSetRdsKey(\"radius shared secret\")"}));
+TEST_F(Security, Dot1xServer) {
+    std::string document = with(good, dot1x, {{"802.1x", "\"True\""}, {"nas identifier", nullptr}});
+    document = with(document, dot1x, "radius server ip", "\"nowhere\"");
+    document = with(document, dot1x, {{"server port", "65537"}, {"accounting port", "\"0x10\""}});
+    EXPECT_EQ(restored(document, "U_Dot1xSetEbl("), "1)");
+    EXPECT_EQ(restored(document, "U_Dot1xSetRds"),
+              R"((0.0.0.0, 1, 0); Id(""); Key("radius shared secret"))");
 
     // Texts are cut to 64 characters, which of a key are two blocks.
     const std::string digits = good.substr(good.find("shared key = \"") + 14, 64);
-    document = with(good, "802.1x setting", "shared key", "\"" + digits + "000000\"");
-    document = with(document, "802.1x setting", "nas identifier", std::string(70, 'n'));
-    document = without(document, "802.1x setting", "802.1x");
-    EXPECT_EQ(restore_calls(document, "Dot1xSetE"), (Calls{"U_Dot1xSetEbl(0)"}));
-    EXPECT_EQ(restore_calls(document, "Dot1xSetRds").at(1),
-              "U_Dot1xSetRdsId(\"" + std::string(64, 'n') + "\")");
-    EXPECT_EQ(restore_calls(document, "Dot1xSetRds").at(2),
-              "U_Dot1xSetRdsKey(\"radius shared secret\")");
+    document = with(good, dot1x, "shared key", "\"" + digits + "000000\"");
+    document = with(document, dot1x, "nas identifier", std::string(70, 'n'));
+    document = without(document, dot1x, "802.1x");
+    EXPECT_EQ(restored(document, "U_Dot1xSetEbl("), "0)");
+    EXPECT_EQ(restored(document, "U_Dot1xSetRdsId("), "\"" + std::string(64, 'n') + "\")");
+    EXPECT_EQ(restored(document, "U_Dot1xSetRdsKey("), "\"radius shared secret\")");
+}
 
+TEST_F(Security, Dot1xParametersAndPorts) {
     // Six are read before the first is set, and cut to their widths.
-    const char section[] = "802.1x parameter setting";
-    document = with(good, section, "quiet period", "65546");
-    document = with(document, section, "maximum requests", "258");
-    document = with(document, section, "reauth period", "-2");
-    document = without(document, section, "tx period");
-    Calls setters = restore_calls(document, "Dot1xSetTimeout");
-    EXPECT_EQ(setters, (Calls{"U_Dot1xSetTimeoutQuiet(10)", "U_Dot1xSetTimeoutTx(0)",
-                              "U_Dot1xSetTimeoutSupplicant(30)", "U_Dot1xSetTimeoutRds(30)",
-                              "U_Dot1xSetTimeoutReauth(4294967294)"}));
-    EXPECT_EQ(restore_calls(document, "MaxReq"), (Calls{"U_Dot1xSetMaxReq(2)"}));
-    EXPECT_NE(backup().find("\nreauth period = -2 ;\n"), std::string::npos);
+    std::string document =
+        with(good, parameters, {{"quiet period", "65546"}, {"tx period", nullptr}});
+    document = with(document, parameters, {{"maximum requests", "258"}, {"reauth period", "-2"}});
+    EXPECT_EQ(restored(document, "U_Dot1xSetTimeout"),
+              "Quiet(10); Tx(0); Supplicant(30); Rds(30); Reauth(4294967294)");
+    EXPECT_EQ(restored(document, "U_Dot1xSetMaxReq("), "2)");
+    EXPECT_TRUE(contains(backup(), "\nreauth period = -2 ;\n"));
 
-    document = with(good, "802.1x port setting", "port3_mode", "\"Standard Authorization\"");
-    document = with(document, "802.1x port setting", "port4_mode", "\"N/A\"");
-    document = without(document, "802.1x port setting", "port8_mode");
-    const Calls modes = restore_calls(document, "PortMode");
-    EXPECT_EQ(modes[2], "U_Dot1xSetPortMode(2, 2)");
-    EXPECT_EQ(modes[3], "U_Dot1xSetPortMode(3, 3)");
-    EXPECT_EQ(modes[7], "U_Dot1xSetPortMode(7, 3)");
+    document = with(good, port_modes, "port3_mode", "\"Standard Authorization\"");
+    document = with(document, port_modes, {{"port4_mode", "\"N/A\""}, {"port8_mode", nullptr}});
+    EXPECT_EQ(restored(document, "U_Dot1xSetPortMode("),
+              "0, 1); 1, 1); 2, 2); 3, 3); 4, 1); 5, 1); 6, 1); 7, 3)");
 }
 
 TEST_F(Security, Dot1xPresetsAndPortsThatCannotBeRead) {
@@ -363,51 +312,45 @@ TEST_F(Security, Dot1xPresetsAndPortsThatCannotBeRead) {
 }
 
 TEST_F(Security, StaticSakOfOnePortAfterTheOther) {
-    std::string document = with(good, "static sak", "port 7 static sak status", "257");
-    document = without(document, "static sak", "port 8 sak");
-    document = without(document, "static sak", "port 8 static sak status");
-    simulator::journal().clear();
+    std::string document = with(good, static_sak, "port 7 static sak status", "257");
+    document = with(document, static_sak,
+                    {{"port 8 sak", nullptr}, {"port 8 static sak status", nullptr}});
     const Calls calls = restore_calls(document, "U_Macsec");
     EXPECT_EQ(calls[0], "U_MacsecPortEnable(6, 1)");
     EXPECT_EQ(calls[2], "U_MacsecSetPortEnable(6, 1)");
     EXPECT_EQ(calls[3], "U_MacsecPortEnable(7, 0)");
-    EXPECT_NE(calls[4].find("U_MacsecSetKey(7, \"0200005e10200002\", \""), std::string::npos);
-    EXPECT_EQ(calls[4].find(", \"\")"), std::string::npos) << "an empty text is no empty secret";
+    EXPECT_TRUE(contains(calls[4], "U_MacsecSetKey(7, \"0200005e10200002\", \""));
+    EXPECT_FALSE(contains(calls[4], ", \"\")")) << "an empty text is no empty secret";
     // Port 7 is applied whole before anything of port 8 is decoded.
     const Calls all = all_calls();
+    const std::string sci_of_port_8 = good.substr(good.find("port 8 sci = ") + 14, 32);
     const auto applied = std::find(all.begin(), all.end(), calls[2]);
-    const auto sci_of_port_8 = std::find_if(all.begin(), all.end(), [&](const std::string& call) {
-        return call ==
-               "hexstr_to_byte(\"" + good.substr(good.find("port 8 sci = ") + 14, 32) + "\")";
-    });
-    ASSERT_NE(sci_of_port_8, all.end());
-    EXPECT_LT(applied, sci_of_port_8);
+    const auto decoded =
+        std::find(all.begin(), all.end(), "hexstr_to_byte(\"" + sci_of_port_8 + "\")");
+    ASSERT_NE(decoded, all.end());
+    EXPECT_LT(applied, decoded);
 }
 
 TEST_F(Security, LoginServer) {
-    const char section[] = "auth server setting";
     state().login_server.kind = 7;
     for (const char* off : {"0", "2", "\"on\""}) {
-        EXPECT_EQ(restore_calls(with(good, section, "authentication server", off), "AuthSrv"),
-                  (Calls{"U_LoginAuthSrvSetEbl(0, 7, 1)"}));
+        const std::string document = with(good, login_server, "authentication server", off);
+        EXPECT_EQ(restore_calls(document, "AuthSrv"), (Calls{"U_LoginAuthSrvSetEbl(0, 7, 1)"}));
     }
-    std::string document = with(good, section, "authentication server", "257");
-    document = with(document, section, "server type", "1");
-    document = with(document, section, "server port", "65536");
-    document = with(document, section, "shared key", "\"" + std::string(35, 'k') + "\"");
-    document = with(document, section, "server timeout", "256");
+    std::string document = with(good, login_server,
+                                {{"authentication server", "257"},
+                                 {"server type", "1"},
+                                 {"server port", "65536"},
+                                 {"server timeout", "256"}});
+    document = with(document, login_server, "shared key", "\"" + std::string(35, 'k') + "\"");
     EXPECT_EQ(restore_calls(document, "AuthSrv"),
               (Calls{"U_LoginAuthSrvSetEbl(1, 1, 1)", "U_SetLoginAuthSrv(192.168.10.61, 0, \"" +
                                                           std::string(29, 'k') + "\", 2, 0, 1)"}));
     // 15 characters of the address count; what they are no address of changes nothing.
-    EXPECT_EQ(
-        restore_calls(with(document, section, "server Ip/Name", "\"2001:db8::10:200\""), "AuthSrv"),
-        Calls{});
-    document = with(document, section, "server Ip/Name", "\"192.168.100.2000\"");
-    EXPECT_EQ(restore_calls(document, "SetLoginAuthSrv")
-                  .front()
-                  .find("U_SetLoginAuthSrv(192.168.100.200,"),
-              0U);
+    document = with(document, login_server, "server Ip/Name", "\"2001:db8::10:200\"");
+    EXPECT_EQ(restore_calls(document, "AuthSrv"), Calls{});
+    document = with(document, login_server, "server Ip/Name", "\"192.168.100.2000\"");
+    EXPECT_NE(restored(document, "U_SetLoginAuthSrv(192.168.100.200,"), "");
 }
 
 // Full tables, IPv6 receivers, and texts that fill their fields without a
@@ -462,9 +405,9 @@ TEST_F(Security, SecretsStaySecret) {
     parse_config_ini_file(restore_path);
     output += read_file(report_path) + testing::internal::GetCapturedStdout();
     const std::string dump = testing::internal::GetCapturedStderr();
-    EXPECT_NE(dump.find("[static sak:port 7 sci]"), std::string::npos);
+    EXPECT_TRUE(contains(dump, "[static sak:port 7 sci]"));
     for (const char* secret : {"authenticate me", "and keep it private", "radius shared secret",
                                "0200005e10200001", "000102030405060708090a0b0c0d0e0f"}) {
-        EXPECT_EQ((output + dump).find(secret), std::string::npos) << secret;
+        EXPECT_FALSE(contains(output + dump, secret)) << secret;
     }
 }

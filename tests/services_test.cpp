@@ -40,58 +40,55 @@ namespace {
 
 constexpr char modbus[] = "modbus tcp settings";
 constexpr char system_log[] = "system log settings";
+constexpr char lldp[] = "lldp setting";
 constexpr char mirror[] = "port mirror setting";
 constexpr char sntp[] = "sntp setting";
 constexpr char mode[] = "Time and Date Setting :mode";
 constexpr char daylight_state[] = "Daylight saving :enable state";
 constexpr char period[] = "Time Server Query Period (Sec)";
+constexpr char https[] = "https setting";
+constexpr char auto_default[] = "auto default setting";
 constexpr char periodic[] = "Periodic Back-Up";
 constexpr char warning[] = "Warning/Alarm setting";
 constexpr char smtp[] = "smtp setting";
 
-constexpr Edit edits[] = {
-    {modbus, "modbus address", "248", "271\n"},
-    {modbus, "modbus address", "-1", "270\n"},
-    {modbus, "modbus", "257", "273\n"}, // whole, not its low 8 bits
-    {modbus, "modbus", "\"\"", ""},     // no digits: 0
-    {modbus, "modbus port", "65536", "275\n"},
-    {system_log, "system log event to flash", "-2", "277\n"},
-    {system_log, "system log level", "300", "279\n"},
-    {system_log, "system log server", "0x1", ""},
-    {system_log, "system log server ip", "\"-1\"", "282\n"},
-    {system_log, "system log server ip", "\"\"", "283\n"},
-    {system_log, "system log server ip", "\"192.168.10.70 and more\"", "283\n"},
-    {system_log, "system log server ip", "\"0.0.0.0\"", ""},
-    {system_log, "read list number", "-5", ""},
-    {"lldp setting", "enable state", "\"-1\"", "304\n"},
-    {"lldp setting", "enable state", "2", ""},
-    {mirror, "enable state", "\"any\"", ""},
-    {mirror, "Source Port", nullptr, ""},
-    {sntp, mode, "-1", "312\n"},
-    {sntp, mode, "\"true\"", ""}, // 0
-    {sntp, "NTP Public Server1", "\"-1\"", "315\n"},
-    {sntp, "NTP Public Server1", "\"\"", ""},
-    {sntp, "NTP Public Server2", nullptr, ""},
-    {sntp, "Time Zone", "62", ""},
-    {sntp, "Time Zone", "-1", "309\n"},
-    {sntp, "Time Zone", "256", ""},      // 0 for the device
-    {sntp, "Time Zone", "\"0x3f\"", ""}, // decimal: 0
-    {sntp, "Time Zone", nullptr, ""},
-    {sntp, period, "60", ""},
-    {sntp, period, "256", ""}, // whole, not its low 8 bits
-    {sntp, period, "-1", "310\n"},
-    {sntp, period, nullptr, "310\n"},
-    {sntp, daylight_state, "2", ""},
-    {sntp, "Offset", nullptr, ""},
-    {"https setting", "enable state", "7", ""},
-    {periodic, "Period Hour", "99", ""},
-    {warning, "syslog_level_alarm", nullptr, ""},
-    {smtp, "authentication", "\"any\"", ""},
-};
-
 } // namespace
 
 TEST_F(Services, Check) {
+    const std::vector<Reported> edits = {
+        {modbus, "modbus address", {"248"}, "271\n"},
+        {modbus, "modbus address", {"-1"}, "270\n"},
+        {modbus, "modbus", {"257"}, "273\n"}, // whole, not its low 8 bits
+        {modbus, "modbus", {"\"\""}, ""},     // no digits: 0
+        {modbus, "modbus port", {"65536"}, "275\n"},
+        {system_log, "system log event to flash", {"-2"}, "277\n"},
+        {system_log, "system log level", {"300"}, "279\n"},
+        {system_log, "system log server", {"0x1"}, ""},
+        {system_log, "system log server ip", {"\"-1\""}, "282\n"},
+        {system_log, "system log server ip", {"\"\"", "\"192.168.10.70 and more\""}, "283\n"},
+        {system_log, "system log server ip", {"\"0.0.0.0\""}, ""},
+        {system_log, "read list number", {"-5"}, ""},
+        {lldp, "enable state", {"\"-1\""}, "304\n"},
+        {lldp, "enable state", {"2"}, ""},
+        {mirror, "enable state", {"\"any\""}, ""},
+        {mirror, "Source Port", {nullptr}, ""},
+        {sntp, mode, {"-1"}, "312\n"},
+        {sntp, mode, {"\"true\""}, ""}, // 0
+        {sntp, "NTP Public Server1", {"\"-1\""}, "315\n"},
+        {sntp, "NTP Public Server1", {"\"\""}, ""},
+        {sntp, "NTP Public Server2", {nullptr}, ""},
+        {sntp, "Time Zone", {"-1"}, "309\n"},
+        {sntp, "Time Zone", {"62", nullptr}, ""},
+        {sntp, "Time Zone", {"256", "\"0x3f\""}, ""}, // 0 for the device; decimal: 0
+        {sntp, period, {"-1", nullptr}, "310\n"},
+        {sntp, period, {"60", "256"}, ""}, // whole, not its low 8 bits
+        {sntp, daylight_state, {"2"}, ""},
+        {sntp, "Offset", {nullptr}, ""},
+        {https, "enable state", {"7"}, ""},
+        {periodic, "Period Hour", {"99"}, ""},
+        {warning, "syslog_level_alarm", {nullptr}, ""},
+        {smtp, "authentication", {"\"any\""}, ""},
+    };
     expect_reports(good, edits);
 }
 
@@ -99,69 +96,59 @@ TEST_F(Services, CheckOfOtherTimeSources) {
     // By its own clock: nothing of the servers is looked at.
     std::string document = with(without_section(good, sntp) + "[sntp setting]\n", sntp, mode, "0");
     EXPECT_EQ(check(document), "311\n");
-    EXPECT_EQ(check(with(document, sntp, daylight_state, "0")), "");
+    document = with(document, sntp, daylight_state, "0");
+    EXPECT_EQ(check(document), "");
     // 01 is a number other than 0.
-    EXPECT_EQ(check(with(with(document, sntp, daylight_state, "0"), sntp, mode, "\"01\"")),
-              "313\n");
+    EXPECT_EQ(check(with(document, sntp, mode, "\"01\"")), "313\n");
     // A server given by hand.
-    document = without(with(good, sntp, "NTP Server", "2"), sntp, "NTP Public Server1");
+    document = with(good, sntp, {{"NTP Server", "2"}, {"NTP Public Server1", nullptr}});
     EXPECT_EQ(check(document), "314\n");
     EXPECT_EQ(check(with(document, sntp, "IP/Domain", "0")), "");
 }
 
 TEST_F(Services, CheckOfMissingSections) {
     const std::pair<const char*, const char*> reports[] = {
-        {modbus, "270\n"},
-        {system_log, "276\n"},
-        {"lldp setting", "304\n"},
-        {mirror, "308\n"},
-        {sntp, "312\n"},
-        {"https setting", "305\n"},
-        {periodic, ""},
-        {"auto default setting", "306\n"},
-        {warning, ""},
-        {smtp, ""},
-    };
+        {modbus, "270\n"},       {system_log, "276\n"},
+        {lldp, "304\n"},         {mirror, "308\n"},
+        {sntp, "312\n"},         {https, "305\n"},
+        {auto_default, "306\n"}, {periodic, ""},
+        {warning, ""},           {smtp, ""}};
     for (const auto& [section, report] : reports) {
         EXPECT_EQ(check(without_section(good, section)), report) << section;
     }
 }
 
 TEST_F(Services, RestoreModbus) {
-    const auto document = [&](const char* status, const char* port) {
-        return with(with(good, modbus, "modbus", status), modbus, "modbus port", port);
+    const auto calls = [&](const char* status, const char* port) {
+        return restore_calls(with(good, modbus, {{"modbus", status}, {"modbus port", port}}),
+                             "Modbus");
     };
-    const auto expect = [](const std::string& text, const Calls& calls) {
-        EXPECT_EQ(restore_calls(text, "Modbus"), calls);
-    };
-    expect(good, {});
-    expect(document("1", "503"),
-           {"U_SysSetModbusEnabled(1)", "U_SysExecuteModbus(1)", "U_SysSetModbusEnabled(0)",
-            "U_SysSetModbusPort(503)", "U_SysSetModbusEnabled(1)"});
-    expect(document("1", "503"), {});
-    expect(document("1", "504"),
-           {"U_SysSetModbusEnabled(0)", "U_SysSetModbusPort(504)", "U_SysSetModbusEnabled(1)"});
-    expect(document("0", "505"), {"U_SysSetModbusEnabled(0)", "U_SysSetModbusPort(505)"});
-    expect(document("0", "506"), {"U_SysSetModbusPort(506)"});
+    const std::string off = "U_SysSetModbusEnabled(0)";
+    const std::string on = "U_SysSetModbusEnabled(1)";
+    EXPECT_EQ(calls("0", "502"), Calls{}); // as they are
+    EXPECT_EQ(calls("1", "503"),
+              (Calls{on, "U_SysExecuteModbus(1)", off, "U_SysSetModbusPort(503)", on}));
+    EXPECT_EQ(calls("1", "503"), Calls{});
+    EXPECT_EQ(calls("1", "504"), (Calls{off, "U_SysSetModbusPort(504)", on}));
+    EXPECT_EQ(calls("0", "505"), (Calls{off, "U_SysSetModbusPort(505)"}));
+    EXPECT_EQ(calls("0", "506"), (Calls{"U_SysSetModbusPort(506)"}));
     // A flag is a signed number on every machine, and only 1 starts the service.
-    expect(document("-1", "506"), {"U_SysSetModbusEnabled(-1)"});
-    expect(document("-1", "507"), {"U_SysSetModbusPort(507)"});
-    EXPECT_NE(backup().find("modbus = -1 ;"), std::string::npos);
+    EXPECT_EQ(calls("-1", "506"), (Calls{"U_SysSetModbusEnabled(-1)"}));
+    EXPECT_EQ(calls("-1", "507"), (Calls{"U_SysSetModbusPort(507)"}));
+    EXPECT_TRUE(contains(backup(), "modbus = -1 ;"));
 
     state().modbus = {17, 1, 1502};
-    expect(without_section(good, modbus),
-           {"U_SysSetModbusAddr(1)", "U_SysSetModbusEnabled(0)", "U_SysSetModbusPort(502)"});
-    expect(with(good, modbus, "modbus address", "257"), {"U_SysSetModbusAddr(257)"});
+    EXPECT_EQ(restore_calls(without_section(good, modbus), "Modbus"),
+              (Calls{"U_SysSetModbusAddr(1)", off, "U_SysSetModbusPort(502)"}));
+    EXPECT_EQ(restore_calls(with(good, modbus, "modbus address", "257"), "Modbus"),
+              (Calls{"U_SysSetModbusAddr(257)"}));
 }
 
 TEST_F(Services, RestoreSystemLog) {
-    // Whole, whatever the device has; backup knows nothing of the viewer.
-    EXPECT_EQ(restore_calls(good, "Ui_Sys"), (Calls{"Ui_SysLogSet(1, 4, 0, 192.168.10.70, 514)",
-                                                    "Ui_SystemLogSettingSet(0, 20, 0, 20)"}));
-    EXPECT_EQ(restore_calls(without_section(good, system_log), "Ui_Sys"),
+    EXPECT_EQ(restore_calls("", "Ui_Sys"),
               (Calls{"Ui_SysLogSet(0, 0, 0, 0.0.0.0, 0)", "Ui_SystemLogSettingSet(0, 20, 0, 20)"}));
+    // Backup knows nothing of the viewer.
     const std::string document =
-        without_section(good, system_log) +
         "[system log settings]\nsystem log event to flash=257\nsystem log level=300\n"
         "system log server=-1\nsystem log server ip=\"300.1.1.1\"\nsystem log server port=65537\n"
         "read all notification=257\nread list number=65537\nautomatic refresh=2\n"
@@ -171,108 +158,91 @@ TEST_F(Services, RestoreSystemLog) {
 }
 
 TEST_F(Services, RestoreSwitches) {
-    const auto expect_lldp = [](const std::string& document, const std::string& state) {
-        EXPECT_EQ(restore_calls(document, "U_Lldp"),
-                  (Calls{"U_LldpSetEnable(" + state + ")", "U_LldpSetTxTtl(120)",
-                         "U_LldpSetTxInterval(30)"}));
-    };
-    expect_lldp(good, "1");
-    expect_lldp(with(good, "lldp setting", "enable state", "2"), "3");
-    expect_lldp(without_section(good, "lldp setting"), "3");
-
-    const std::string https = "https setting";
-    EXPECT_EQ(restore_calls(good, "HTTPS"), Calls{"U_FlshHTTPSSet(1)"});
-    EXPECT_EQ(restore_calls(with(good, https, "enable state", "2"), "HTTPS"),
-              Calls{"U_FlshHTTPSSet(0)"});
-    EXPECT_EQ(restore_calls(without_section(good, https), "HTTPS"), Calls{"U_FlshHTTPSSet(0)"});
+    for (const std::string& off : {with(good, lldp, "enable state", "2"), std::string()}) {
+        EXPECT_EQ(restore_calls(off, "U_Lldp"),
+                  (Calls{"U_LldpSetEnable(3)", "U_LldpSetTxTtl(120)", "U_LldpSetTxInterval(30)"}));
+    }
+    expect_restored(good, https, {{"enable state", {"2", nullptr}, "U_FlshHTTPSSet(", "0)"}});
 
     // The EEPROM is written only where its number differs.
-    const std::string on = with(good, "auto default setting", "enable state", "1");
-    const std::string missing = without_section(good, "auto default setting");
-    EXPECT_EQ(restore_calls(good, "serial"), Calls{});
-    EXPECT_EQ(restore_calls(on, "serial"), Calls{"set_eeprom_serial_port(1)"});
-    EXPECT_EQ(restore_calls(on, "serial"), Calls{});
-    EXPECT_EQ(restore_calls(missing, "serial"), Calls{"set_eeprom_serial_port(0)"});
+    const std::string on = with(good, auto_default, "enable state", "1");
+    const char set[] = "set_eeprom_serial_port(";
+    EXPECT_EQ(restored(good, set), "");
+    EXPECT_EQ(restored(on, set), "1)");
+    EXPECT_EQ(restored(on, set), "");
+    EXPECT_EQ(restored("", set), "0)");
     state().eeprom.serial_port = 2;
-    EXPECT_EQ(restore_calls(on, "serial"), Calls{"set_eeprom_serial_port(1)"});
+    EXPECT_EQ(restored(on, set), "1)");
 }
 
 TEST_F(Services, RestorePortMirror) {
-    const auto document = [&](const char* state, const char* source, const char* destination) {
-        return with(with(with(good, mirror, "enable state", state), mirror, "Source Port", source),
-                    mirror, "Destination Port", destination);
+    const auto calls = [&](const char* state, const char* source, const char* destination) {
+        const std::string document = with(
+            good, mirror,
+            {{"enable state", state}, {"Source Port", source}, {"Destination Port", destination}});
+        return restored(document, "U_FwdSetPortMirror(");
     };
-    const auto expect = [](const std::string& text, const std::string& arguments) {
-        EXPECT_EQ(restore_calls(text, "PortMirror"),
-                  Calls{"U_FwdSetPortMirror(" + arguments + ")"});
-    };
-    expect(document("0", "3", "5"), "0, 0, -1, -1");
-    expect(document("2", "\"65537\"", "-1"), "2, 3, 0, 65534");
-    expect(without_section(good, mirror), "-1, 3, -1, -1");
-    expect(document("1", "3", "5"), "1, 3, 2, 4");
-    EXPECT_NE(backup().find("enable state      = \"1\" ;\nSource Port       = \"3\" ;\n"
-                            "Destination Port  = \"5\" ;\n"),
-              std::string::npos);
+    EXPECT_EQ(calls("0", "3", "5"), "0, 0, -1, -1)");
+    EXPECT_EQ(calls("2", "\"65537\"", "-1"), "2, 3, 0, 65534)");
+    EXPECT_EQ(calls(nullptr, nullptr, nullptr), "-1, 3, -1, -1)");
+    EXPECT_EQ(calls("1", "3", "5"), "1, 3, 2, 4)");
+    EXPECT_TRUE(contains(backup(), "enable state      = \"1\" ;\nSource Port       = \"3\" ;\n"
+                                   "Destination Port  = \"5\" ;\n"));
     state().port_mirror = {0, 3, 2, 4}; // off: as they are
-    EXPECT_NE(backup().find("Source Port       = \"2\" ;\nDestination Port  = \"4\" ;\n"),
-              std::string::npos);
+    EXPECT_TRUE(contains(backup(), "Source Port       = \"2\" ;\nDestination Port  = \"4\" ;\n"));
 }
 
 TEST_F(Services, RestoreSntp) {
-    const auto expect_client = [](const std::string& lines, const std::string& arguments) {
-        EXPECT_EQ(restore_calls("[sntp setting]\n" + lines, "MSNTP"),
-                  Calls{"U_SysSetMSNTP(" + arguments + ", 0)"});
+    const auto client_of = [](const std::string& lines) {
+        return restored("[sntp setting]\n" + lines, "U_SysSetMSNTP(");
     };
-    const std::string off = R"(0, 0, "0.pool.ntp.org", "1.pool.ntp.org", 60)";
+    const std::string off = R"(0, 0, "0.pool.ntp.org", "1.pool.ntp.org", 60, 0))";
     const std::string client = "Time Zone = 9\nTime Server Query Period (Sec) = 600\n"
                                "NTP Public Server1 = a\nNTP Public Server2 = b\n";
     const std::string mode_line = "Time and Date Setting :mode = ";
-    expect_client(mode_line + "\"1\"\n" + client, R"(1, 9, "a", "b", 600)");
+    EXPECT_EQ(client_of(mode_line + "\"1\"\n" + client), R"(1, 9, "a", "b", 600, 0))");
     for (const char* word : {"01", "true", "2", "0", "\"1 \""}) {
-        expect_client(mode_line + word + "\n" + client, off);
+        EXPECT_EQ(client_of(mode_line + word + "\n" + client), off) << word;
     }
-    expect_client(client, off);
-    expect_client("", off);
-    expect_client(mode_line + "1\n", R"(1, 0, "", "", 0)");
+    EXPECT_EQ(client_of(client), off);
+    EXPECT_EQ(client_of(""), off);
+    EXPECT_EQ(client_of(mode_line + "1\n"), R"(1, 0, "", "", 0, 0))");
     const std::string manual = mode_line + "1\nNTP Server = 1\nTime Zone = 300\n";
     state().sntp.server1 = "first";
     state().sntp.server2 = "second";
-    expect_client(manual + "NTP Manual Server name = \"a name of more than 31 characters\"\n",
-                  R"(1, 44, "first", "a name of more than 31 characte", 0)");
-    state().sntp.server2 = "second";
-    expect_client(manual, R"(1, 44, "first", "second", 0)");
+    EXPECT_EQ(client_of(manual), R"(1, 44, "first", "second", 0, 0))");
+    EXPECT_EQ(
+        client_of(manual + "NTP Manual Server name = \"a name of more than 31 characters\"\n"),
+        R"(1, 44, "first", "a name of more than 31 characte", 0, 0))");
 }
 
 TEST_F(Services, RestoreDaylight) {
-    const auto expect_rule = [](const std::string& lines, const std::string& arguments) {
-        EXPECT_EQ(restore_calls("[sntp setting]\n" + lines, "Daylight"),
-                  Calls{"U_SysSetDaylight(" + arguments + ")"});
+    const auto rule_of = [](const std::string& state) {
+        return restored("[sntp setting]\n" + state +
+                            "Start Date(Month)=1\nStart Date(Week)=2\nStart Date(Day)=3\n"
+                            "Start Date(Hour)=4\nEnd Date(Month)=5\nEnd Date(Week)=6\n"
+                            "End Date(Day)=257\nOffset=-1\n",
+                        "U_SysSetDaylight(");
     };
-    const std::string rule = "Start Date(Month)=1\nStart Date(Week)=2\nStart Date(Day)=3\n"
-                             "Start Date(Hour)=4\nEnd Date(Month)=5\nEnd Date(Week)=6\n"
-                             "End Date(Day)=257\nOffset=-1\n";
-    expect_rule("Daylight saving :enable state = 1\n" + rule, "1, 1, 2, 3, 4, 5, 6, 1, 0, 255");
-    expect_rule("Daylight saving :enable state = 01\n" + rule, "0, 0, 0, 0, 0, 0, 0, 0, 0, 0");
-    expect_rule("", "0, 0, 0, 0, 0, 0, 0, 0, 0, 0");
+    EXPECT_EQ(rule_of("Daylight saving :enable state = 1\n"), "1, 1, 2, 3, 4, 5, 6, 1, 0, 255)");
+    EXPECT_EQ(rule_of("Daylight saving :enable state = 01\n"), "0, 0, 0, 0, 0, 0, 0, 0, 0, 0)");
+    EXPECT_EQ(rule_of(""), "0, 0, 0, 0, 0, 0, 0, 0, 0, 0)");
 }
 
 TEST_F(Services, ClockLines) {
     fixed_time = 1709782503; // 2024-03-07 03:35:03 UTC
     state().sntp.client_enabled = 0;
     state().daylight.enabled = 0;
+    const std::string before = "[sntp setting]\nTime and Date Setting :mode = \"0\" ;\n";
+    const std::string behind = "Daylight saving :enable state = \"0\" ;\n\n";
     const std::pair<const char*, const char*> zones[] = {
-        {"IST-5:30", "\"07.03.2024\" ;\nTime       = \"09:05:03\" ;\n"},
-        {"HST10", "\"06.03.2024\" ;\nTime       = \"17:35:03\" ;\n"}};
+        {"IST-5:30", "Date       = \"07.03.2024\" ;\nTime       = \"09:05:03\" ;\n"},
+        {"HST10", "Date       = \"06.03.2024\" ;\nTime       = \"17:35:03\" ;\n"}};
     for (const auto& [zone, lines] : zones) {
         setenv("TZ", zone, 1);
         tzset();
         const std::string document = backup();
-        EXPECT_NE(document.find(std::string("[sntp setting]\n"
-                                            "Time and Date Setting :mode = \"0\" ;\n"
-                                            "Date       = ") +
-                                lines + "Daylight saving :enable state = \"0\" ;\n\n"),
-                  std::string::npos)
-            << zone;
+        EXPECT_TRUE(contains(document, before + lines + behind)) << zone;
         EXPECT_EQ(check(document), "");
     }
     unsetenv("TZ");
@@ -286,32 +256,29 @@ TEST_F(Services, SntpFlagsOtherThanOne) {
     state().sntp.ip_or_domain = 2;
     state().daylight.enabled = 2;
     const std::string document = backup();
-    EXPECT_NE(document.find(":mode = \"0\" ;\nNTP Server = \"0\" ;\n"), std::string::npos);
-    EXPECT_NE(document.find("IP/Domain = \"0\" ;\nNTP Manual Server name = \"ntp2.example.com\" "
-                            ";\nDaylight saving :enable state = \"0\" ;\nStart Date(Month)"),
-              std::string::npos);
+    EXPECT_TRUE(contains(document, ":mode = \"0\" ;\nNTP Server = \"0\" ;\n"));
+    EXPECT_TRUE(contains(document, "IP/Domain = \"0\" ;\n"
+                                   "NTP Manual Server name = \"ntp2.example.com\" ;\n"
+                                   "Daylight saving :enable state = \"0\" ;\nStart Date(Month)"));
 }
 
 TEST_F(Services, PeriodicBackup) {
-    const auto expect = [](const std::string& lines, const std::string& fields) {
-        EXPECT_EQ(restore_calls("[Periodic Back-Up]\n" + lines, "Periodic"),
-                  Calls{"U_SetPeriodicSetting(TstFlshPeriodic{" + fields + "})"});
-    };
-    const std::string nothing = "backUp=0, tm_hour=0, tm_min=0, serverIp=0.0.0.0";
-    expect("", nothing);
-    expect("Enable State = 01\n", nothing);
-    expect("Enable State = 1.0\n", nothing);
-    expect(
-        "Enable State = 1\nPeriod Hour = 99\nPeriod Minute = 65537\nTFTP ServerIP = 3232238151\n",
-        "backUp=1, tm_hour=99, tm_min=1, serverIp=192.168.10.71");
-    for (const auto& [address, text] :
-         {std::pair<std::uint32_t, const char*>{0x80000000, "-2147483648"},
-          {0xffffffff, "-1"},
-          {0x7fffffff, "2147483647"}}) {
+    const char set[] = "U_SetPeriodicSetting(TstFlshPeriodic{";
+    const std::string only = "[Periodic Back-Up]\n";
+    for (const char* off : {"", "Enable State = 01\n", "Enable State = 1.0\n"}) {
+        EXPECT_EQ(restored(only + off, set), "backUp=0, tm_hour=0, tm_min=0, serverIp=0.0.0.0})")
+            << off;
+    }
+    EXPECT_EQ(restored(only + "Enable State = 1\nPeriod Hour = 99\nPeriod Minute = 65537\n"
+                              "TFTP ServerIP = 3232238151\n",
+                       set),
+              "backUp=1, tm_hour=99, tm_min=1, serverIp=192.168.10.71})");
+    const std::pair<std::uint32_t, const char*> servers[] = {
+        {0x80000000, "-2147483648"}, {0xffffffff, "-1"}, {0x7fffffff, "2147483647"}};
+    for (const auto& [address, text] : servers) {
         state().periodic_backup.server = {address};
         const std::string document = backup();
-        EXPECT_NE(document.find("TFTP ServerIP     = \"" + std::string(text) + "\" ;\n"),
-                  std::string::npos);
+        EXPECT_TRUE(contains(document, "TFTP ServerIP     = \"" + std::string(text) + "\" ;\n"));
         state().periodic_backup = {};
         restore(document);
         EXPECT_EQ(state().periodic_backup.server.value, address);
@@ -325,24 +292,24 @@ TEST_F(Services, AlarmLevels) {
     for (const auto& [level, word] : levels) {
         state().warnings.syslog_level = level;
         const std::string document = backup();
-        EXPECT_NE(document.find("syslog_level_alarm    = \"" + std::string(word) + "\" ;\n"),
-                  std::string::npos);
+        EXPECT_TRUE(
+            contains(document, "syslog_level_alarm    = \"" + std::string(word) + "\" ;\n"));
         state().warnings.syslog_level = 50;
         restore(document);
         EXPECT_EQ(state().warnings.syslog_level, level);
     }
     for (const int level : {8, 99, 228}) {
         state().warnings.syslog_level = static_cast<std::uint8_t>(level);
-        EXPECT_EQ(backup().find("syslog_level_alarm"), std::string::npos) << level;
+        EXPECT_FALSE(contains(backup(), "syslog_level_alarm")) << level;
     }
-    EXPECT_EQ(
-        restore_calls(with(good, warning, "syslog_level_alarm", "\"Disable\""), "EmailSyslog"),
-        Calls{"U_SysSetEmailSyslog(100)"});
+    restore(with(good, warning, "syslog_level_alarm", "\"Disable\""));
+    EXPECT_EQ(state().warnings.syslog_level, 100);
 }
 
 TEST_F(Services, AlarmWords) {
     const std::string words[] = {"Link UP",  "Link Down", "LinkUp/Down", "Disable",
-                                 "Disabled", "link up",   "Link UP ",    std::string(60, 'L')};
+                                 "Disabled", "link up",   "Link UP ",    std::string(60, 'L'),
+                                 "Link UP"}; // of a port that there is not
     std::string document = "[warning/alarm setting]\n";
     for (std::size_t i = 0; i < std::size(words); ++i) {
         document += "PORT_" + std::to_string(i + 1) + " LINK_STATUS = \"" + words[i] + "\"\n";
@@ -357,9 +324,21 @@ TEST_F(Services, AlarmWords) {
                      "U_SysSetEmailPower({0,0})", "U_SysSetEmailSyslog(0)"}));
 }
 
-TEST_F(Services, AlarmOfAPortThatThereIsNot) {
-    restore(with(good, "Warning/Alarm setting", "port_9 Link_status", "\"Link UP\""));
-    EXPECT_EQ(state().warnings.ports.get(8), 0);
+TEST_F(Services, RestoreSmtp) {
+    const std::string long_text(40, 's');
+    const std::string its_31(31, 's');
+    EXPECT_EQ(restored("[smtp setting]\nSMTP server = " + long_text +
+                           "\nauthentication = 0\ntls/ssl = 1x\nusername = user\n"
+                           "password = 12345678901234567890\nmail recipient4 = " +
+                           long_text + "\n",
+                       "U_FlshSmtpSet"),
+              "Server(\"" + its_31 +
+                  R"("); SendAdd(""); Subject(""); )"
+                  R"(UnamePwd(0, "user", "123456789012345"); TLS(1); RecAdd("", "", "", ")" +
+                  its_31 + "\")");
+    EXPECT_EQ(restored("[smtp setting]\nauthentication=511\ntls/ssl=x1\n", "U_FlshSmtpSet"),
+              R"(Server(""); SendAdd(""); Subject(""); UnamePwd(-1, "", ""); TLS(0); )"
+              R"(RecAdd("", "", "", ""))");
 }
 
 TEST_F(Services, MorePortsThanAlarms) {
@@ -371,31 +350,6 @@ TEST_F(Services, MorePortsThanAlarms) {
     state().warnings = {};
     restore(document);
     EXPECT_EQ(state().warnings.ports.get(31), 1);
-}
-
-TEST_F(Services, RestoreSmtp) {
-    const auto last_of_section = [] {
-        const Calls calls = changes();
-        EXPECT_EQ(calls.back(), "U_QosInit()"); // these documents have no section of it
-        return calls[calls.size() - 2];
-    };
-    const std::string document = "[smtp setting]\nSMTP server = \"" + std::string(40, 's') +
-                                 "\"\nauthentication = 0\ntls/ssl = 1x\nusername = user\npassword "
-                                 "= \"12345678901234567890\"\n"
-                                 "mail recipient4 = \"" +
-                                 std::string(40, 'r') + "\"\n";
-    EXPECT_EQ(
-        restore_calls(document, "Smtp"),
-        (Calls{"U_FlshSmtpSetServer(\"" + std::string(31, 's') + "\")",
-               "U_FlshSmtpSetSendAdd(\"\")", "U_FlshSmtpSetSubject(\"\")",
-               "U_FlshSmtpSetUnamePwd(0, \"user\", \"123456789012345\")", "U_FlshSmtpSetTLS(1)",
-               "U_FlshSmtpSetRecAdd(\"\", \"\", \"\", \"" + std::string(31, 'r') + "\")"}));
-    EXPECT_EQ(last_of_section(), "U_SysSetRelayConfig()");
-    EXPECT_EQ(restore_calls("[smtp setting]\nauthentication=511\ntls/ssl=x1\n", "Smtp"),
-              (Calls{"U_FlshSmtpSetServer(\"\")", "U_FlshSmtpSetSendAdd(\"\")",
-                     "U_FlshSmtpSetSubject(\"\")", "U_FlshSmtpSetUnamePwd(-1, \"\", \"\")",
-                     "U_FlshSmtpSetTLS(0)", "U_FlshSmtpSetRecAdd(\"\", \"\", \"\", \"\")"}));
-    EXPECT_EQ(last_of_section(), "U_SysSetRelayConfig()");
 }
 
 TEST_F(Services, FailedReadsLeaveTheStartValue) {

@@ -56,16 +56,6 @@ Calls restore(const std::string& document, std::uint32_t keep) {
     return changes();
 }
 
-Calls restore_calls(const std::string& document, const std::string& part) {
-    Calls calls;
-    for (const std::string& call : restore(document)) {
-        if (call.find(part) != std::string::npos) {
-            calls.push_back(call);
-        }
-    }
-    return calls;
-}
-
 Calls changes() {
     Calls calls;
     for (const simulator::Call& call : simulator::journal()) {
@@ -86,93 +76,123 @@ Calls all_calls() {
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
-Lines lines_of(const std::string& document) {
-    Lines lines;
-    std::istringstream stream(document);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
-std::string joined(const Lines& lines) {
-    std::string document;
-    for (const std::string& line : lines) {
-        document += line + "\n";
-    }
-    return document;
+bool is_head(const std::string& line) {
+    return !line.empty() && line[0] == '[';
 }
 
 // The key of a key line, or "".
 std::string key_of(const std::string& line) {
     const std::size_t equals = line.find('=');
-    if (line.empty() || line[0] == '#' || line[0] == '[' || equals == std::string::npos) {
+    if (line.empty() || line[0] == '#' || is_head(line) || equals == std::string::npos) {
         return "";
     }
     return line.substr(0, line.find_last_not_of(" \t", equals - 1) + 1);
 }
 
-// Copies the lines; those of the section go through edit, which may add any
-// number of lines in their place.
-template <typename Edit>
-Lines edit_section(const std::string& document, const std::string& section, Edit edit) {
-    Lines edited;
+// Without those lines of the section that are chosen.
+template <typename Chosen>
+std::string without_lines(const std::string& document, const std::string& section, Chosen chosen) {
+    std::string kept;
+    std::istringstream stream(document);
     bool inside = false;
-    for (const std::string& line : lines_of(document)) {
-        if (!line.empty() && line[0] == '[') {
+    for (std::string line; std::getline(stream, line);) {
+        if (is_head(line)) {
             inside = line == "[" + section + "]";
         }
-        if (inside) {
-            edit(edited, line);
-        } else {
-            edited.push_back(line);
+        if (!inside || !chosen(line)) {
+            kept += line + "\n";
         }
     }
-    return edited;
+    return kept;
 }
 
 } // namespace
 
-std::string with(const std::string& document, const std::string& section, const std::string& key,
-                 const std::string& value) {
-    const std::string head = "[" + section + "]";
-    const std::string added = key + " = " + value + " ;";
-    bool found = false;
-    return joined(edit_section(without(document, section, key), section,
-                               [&](Lines& edited, const std::string& line) {
-                                   edited.push_back(line);
-                                   if (line == head && !found) {
-                                       edited.push_back(added);
-                                       found = true;
-                                   }
-                               }));
-}
-
 std::string without(const std::string& document, const std::string& section,
                     const std::string& key) {
-    return joined(edit_section(document, section, [&](Lines& edited, const std::string& line) {
-        if (key_of(line) != key) {
-            edited.push_back(line);
-        }
-    }));
+    return without_lines(document, section,
+                         [&](const std::string& line) { return key_of(line) == key; });
 }
 
 std::string without_section(const std::string& document, const std::string& section) {
-    return joined(edit_section(document, section, [](Lines&, const std::string&) {}));
+    return without_lines(document, section, [](const std::string&) { return true; });
 }
 
-std::string edited(const std::string& document, const Edit& edit) {
-    return edit.value == nullptr ? without(document, edit.section, edit.key)
-                                 : with(document, edit.section, edit.key, edit.value);
+std::string with(const std::string& document, const std::string& section, const std::string& key,
+                 const std::string& value) {
+    const std::string head = "[" + section + "]\n";
+    std::string edited = without(document, section, key);
+    const std::size_t at = edited.find(head);
+    if (at == std::string::npos) {
+        ADD_FAILURE() << "no section " << section;
+        return edited;
+    }
+    return edited.insert(at + head.size(), key + " = " + value + " ;\n");
+}
+
+std::string with(const std::string& document, const std::string& section,
+                 std::initializer_list<Setting> settings) {
+    std::string edited = document;
+    for (const auto& [key, value] : settings) {
+        edited = value ? with(edited, section, key, value) : without(edited, section, key);
+    }
+    return edited;
+}
+
+void expect_reports(const std::string& good, const std::vector<Reported>& edits) {
+    for (const auto& [section, key, values, report] : edits) {
+        for (const char* value : values) {
+            EXPECT_EQ(check(with(good, section, {{key, value}})), report)
+                << section << ":" << key << " = " << (value ? value : "(none)");
+        }
+    }
+}
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+Calls calls_with(const Calls& calls, const std::string& part) {
+    Calls chosen;
+    for (const std::string& call : calls) {
+        if (contains(call, part)) {
+            chosen.push_back(call);
+        }
+    }
+    return chosen;
+}
+
+Calls restore_calls(const std::string& document, const std::string& part) {
+    return calls_with(restore(document), part);
+}
+
+std::string restored(const std::string& document, const std::string& begin) {
+    std::string rests;
+    for (const std::string& call : restore(document)) {
+        if (call.rfind(begin, 0) == 0) {
+            rests += (rests.empty() ? "" : "; ") + call.substr(begin.size());
+        }
+    }
+    return rests;
+}
+
+void expect_restored(const std::string& good, const std::string& section,
+                     const std::vector<Restored>& edits) {
+    for (const auto& [key, values, begin, rest] : edits) {
+        for (const char* value : values) {
+            simulator::reset();
+            EXPECT_EQ(restored(with(good, section, {{key, value}}), begin), rest)
+                << begin << " of " << key << " = " << (value ? value : "(none)");
+        }
+    }
 }
 
 std::vector<Key> keys_of(const std::string& document) {
     std::vector<Key> keys;
     std::string section;
-    for (const std::string& line : lines_of(document)) {
-        if (!line.empty() && line[0] == '[') {
+    std::istringstream stream(document);
+    for (std::string line; std::getline(stream, line);) {
+        if (is_head(line)) {
             section = line.substr(1, line.size() - 2);
         } else if (!key_of(line).empty()) {
             keys.push_back({section, key_of(line)});

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -46,25 +47,46 @@ std::string without(const std::string& document, const std::string& section,
                     const std::string& key);
 std::string without_section(const std::string& document, const std::string& section);
 
-// A document with one edit, and what check reports of it: "240\n", or "".
-struct Edit {
+// The same for several keys of a section; a null value removes the key.
+struct Setting {
+    const char* key;
+    const char* value;
+};
+std::string with(const std::string& document, const std::string& section,
+                 std::initializer_list<Setting> settings);
+
+// Values of one key, each in a document of its own, and what check reports of
+// each: "240\n", or "". A null value removes the key.
+struct Reported {
     const char* section;
     const char* key;
-    const char* value; // null removes the key
+    std::vector<const char*> values;
     const char* report;
 };
-std::string edited(const std::string& document, const Edit& edit);
+void expect_reports(const std::string& good, const std::vector<Reported>& edits);
 
-template <std::size_t Count>
-void expect_reports(const std::string& good, const Edit (&edits)[Count]) {
-    for (const Edit& edit : edits) {
-        EXPECT_EQ(check(edited(good, edit)), edit.report)
-            << edit.section << ":" << edit.key << " = " << (edit.value ? edit.value : "(none)");
-    }
-}
+bool contains(const std::string& text, const std::string& part);
 
-// The calls of restore that may change the device and have this in their text.
+// Those of the calls that have this in their text.
+Calls calls_with(const Calls& calls, const std::string& part);
+
+// Those of the calls of restore that may change the device.
 Calls restore_calls(const std::string& document, const std::string& part);
+
+// The rest of the one call of restore that begins like this: of "U_PortSetEbl(6, "
+// it may be "1)". It is "" when there is no such call; several are joined by "; ".
+std::string restored(const std::string& document, const std::string& begin);
+
+// Values of one key, each restored onto a factory switch, and the call that it
+// makes of each, as above.
+struct Restored {
+    const char* key;
+    std::vector<const char*> values;
+    std::string begin;
+    std::string rest;
+};
+void expect_restored(const std::string& good, const std::string& section,
+                     const std::vector<Restored>& edits);
 
 // Every key line of a document: its section and its key.
 struct Key {
