@@ -129,12 +129,9 @@ TEST_F(System, RestoreFibreSpeeds) {
     EXPECT_EQ(restore_calls(with(good, ports, "Port7 speed", "1"), "speed"), Calls{});
 }
 
-TEST_F(System, FailedReadsLeaveTheStartValue) {
+TEST_F(System, PortThatCannotBeRead) {
     state().ports.ports.at(1).enabled = 0;
-    make_fail("U_FlshPortGetEbl:3,U_FlshSysGetIp");
-    const std::string document = backup();
-    EXPECT_NE(document.find("port2 = 0 ;\nport3 = 0 ;\nport4 = 1 ;"), std::string::npos)
-        << "a port that cannot be read is written like the one before it";
-    EXPECT_NE(document.find("static ip address = \"\" ;\nsubnet mask = \"\" ;\n"),
-              std::string::npos);
+    make_fail("U_FlshPortGetEbl:3");
+    EXPECT_TRUE(contains(backup(), "port2 = 0 ;\nport3 = 0 ;\nport4 = 1 ;"))
+        << "it is written like the one before it";
 }
