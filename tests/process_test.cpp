@@ -30,10 +30,6 @@ protected:
         return WEXITSTATUS(status);
     }
 
-    static bool contains(const std::string& text, const std::string& part) {
-        return text.find(part) != std::string::npos;
-    }
-
     const std::string directory = testing::TempDir() + "switch_config_process_test";
     const std::string state_path = directory + "/switch.json";
     const std::string trace_path = directory + "/trace";

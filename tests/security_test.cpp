@@ -57,7 +57,7 @@ TEST_F(Security, CheckSnmp) {
     expect_reports(good, edits);
 }
 
-TEST_F(Security, CheckStaticSakAndAccounts) {
+TEST_F(Security, CheckStaticSakLoginServerAndAccounts) {
     const std::vector<Reported> edits = {
         {static_sak, "port 8 static sak status", {"-1"}, "219\n"},
         {static_sak, "port 8 static sak status", {nullptr}, ""},
@@ -264,7 +264,7 @@ TEST_F(Security, Dot1xServer) {
 }
 
 TEST_F(Security, Dot1xParametersAndPorts) {
-    // Six are read before the first is set, and cut to their widths.
+    // Numbers are cut to their widths; a missing one is 0.
     std::string document =
         with(good, parameters, {{"quiet period", "65546"}, {"tx period", nullptr}});
     document = with(document, parameters, {{"maximum requests", "258"}, {"reauth period", "-2"}});

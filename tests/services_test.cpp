@@ -226,6 +226,7 @@ TEST_F(Services, RestoreDaylight) {
     EXPECT_EQ(rule_of("Daylight saving :enable state = 1\n"), "1, 1, 2, 3, 4, 5, 6, 1, 0, 255)");
     EXPECT_EQ(rule_of("Daylight saving :enable state = 01\n"), "0, 0, 0, 0, 0, 0, 0, 0, 0, 0)");
     EXPECT_EQ(rule_of(""), "0, 0, 0, 0, 0, 0, 0, 0, 0, 0)");
+    EXPECT_EQ(restored("", "U_SysSetDaylight("), "0, 0, 0, 0, 0, 0, 0, 0, 0, 0)");
 }
 
 TEST_F(Services, ClockLines) {
@@ -324,17 +325,16 @@ TEST_F(Services, AlarmWords) {
 }
 
 TEST_F(Services, RestoreSmtp) {
-    const std::string long_text(40, 's');
-    const std::string its_31(31, 's');
-    EXPECT_EQ(restored("[smtp setting]\nSMTP server = " + long_text +
+    EXPECT_EQ(restored("[smtp setting]\nSMTP server = " + std::string(40, 's') +
                            "\nauthentication = 0\ntls/ssl = 1x\nusername = user\n"
                            "password = 12345678901234567890\nmail recipient4 = " +
-                           long_text + "\n",
+                           std::string(40, 'r') + "\n",
                        "U_FlshSmtpSet"),
-              "Server(\"" + its_31 +
+              "Server(\"" + std::string(31, 's') +
                   R"("); SendAdd(""); Subject(""); )"
                   R"(UnamePwd(0, "user", "123456789012345"); TLS(1); RecAdd("", "", "", ")" +
-                  its_31 + "\")");
+                  std::string(31, 'r') + "\")");
+    EXPECT_EQ(calls_with(changes(), "Relay"), Calls{"U_SysSetRelayConfig()"});
     EXPECT_EQ(restored("[smtp setting]\nauthentication=511\ntls/ssl=x1\n", "U_FlshSmtpSet"),
               R"(Server(""); SendAdd(""); Subject(""); UnamePwd(-1, "", ""); TLS(0); )"
               R"(RecAdd("", "", "", ""))");

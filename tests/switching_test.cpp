@@ -336,29 +336,30 @@ TEST_F(Switching, AclRuleThatCannotBeReadOrWritten) {
 
 TEST_F(Switching, RestoreQos) {
     const char type[] = "Classification Type";
-    const std::string weights = "U_QosSetScheduleMode(TstFlshSchedulemode{sch=0, paiWeights={";
-    const std::string classes = weights + "1,2,3,4,5,6,7,8}, classify=";
-    const std::string others = ",2,3,4,5,6,7,8}, classify=3})";
+    const char schedule[] = "U_QosSetScheduleMode(TstFlshSchedulemode{";
+    const std::string first = "sch=0, paiWeights={";
+    const std::string others = ",2,3,4,5,6,7,8}, classify=";
     const std::vector<Restored> modes = {
         {"mode", {"\"strict priority\"", "\"\"", nullptr}, "U_Qos", "Init()"},
-        {"Q0", {"70000"}, weights, "70000" + others},
-        {"Q0", {"256"}, weights, "256" + others},
-        {"Q0", {"-1"}, weights, "4294967295" + others},
-        {"Q0", {"010 packets"}, weights, "10" + others},
-        {"Q0", {"abc", nullptr}, weights, "0" + others},
-        {type, {"\"802.1p CoS only\""}, classes, "1})"},
-        {type, {"\"802.1p cos only\"", nullptr}, classes, "0})"},
+        {"Q0", {"70000"}, schedule, first + "70000" + others + "3})"},
+        {"Q0", {"256"}, schedule, first + "256" + others + "3})"},
+        {"Q0", {"-1"}, schedule, first + "4294967295" + others + "3})"},
+        {"Q0", {"010 packets"}, schedule, first + "10" + others + "3})"},
+        {"Q0", {"abc", nullptr}, schedule, first + "0" + others + "3})"},
+        {type, {"\"802.1p CoS only\""}, schedule, first + "1" + others + "1})"},
+        {type, {"\"802.1p cos only\"", nullptr}, schedule, first + "1" + others + "0})"},
     };
     expect_restored(good, qos, modes);
-    const std::string queues = "U_QosSetcosqueuemapping({1,0,2,3,4,5,6,";
+    const char queues[] = "U_QosSetcosqueuemapping(";
+    const std::string seven = "{1,0,2,3,4,5,6,";
     const std::vector<Restored> mappings = {
-        {"7", {"Q3"}, queues, "3})"},
-        {"7", {"3", "Q256", "queue"}, queues, "0})"},
-        {"7", {"Q12"}, queues, "12})"},
-        {"7", {"Q70000"}, queues, "112})"},
-        {"7", {"Q-1"}, queues, "255})"},
-        {"7", {nullptr}, "U_QosSetcosqueuemapping(", ""},
-        {"0", {"\"\""}, "U_QosSetcosqueuemapping(", ""},
+        {"7", {"Q3"}, queues, seven + "3})"},
+        {"7", {"3", "Q256", "queue"}, queues, seven + "0})"},
+        {"7", {"Q12"}, queues, seven + "12})"},
+        {"7", {"Q70000"}, queues, seven + "112})"},
+        {"7", {"Q-1"}, queues, seven + "255})"},
+        {"7", {nullptr}, queues, ""},
+        {"0", {"\"\""}, queues, ""},
     };
     expect_restored(good, cos, mappings);
     // Without a mapping of priorities the code points are still restored.

@@ -90,11 +90,14 @@ TEST_F(System, RestoreNetwork) {
         // One character is a text, though no address.
         {"subnet mask", {"\"x\""}, "U_FlshSysSetIp(", "192.168.10.20, 0.0.0.0)"},
         {"static ip address", {"x"}, "U_FlshSysSetIp(", "0.0.0.0, 255.255.255.0)"},
-        // Without an address or a mask everything stays, DHCP included.
+    };
+    expect_restored(good, network, edits);
+    // Without an address or a mask everything stays, DHCP included.
+    const std::vector<Restored> nothing = {
         {"static ip address", {"\"\"", "\"192.168.100.2000\""}, "U_FlshSysSet", ""},
         {"subnet mask", {"\"\"", "\"192.168.100.2000\""}, "U_FlshSysSet", ""},
     };
-    expect_restored(good, network, edits);
+    expect_restored(with(good, network, "dhcp", "1"), network, nothing);
 
     // What does not convert is 0.
     const std::string document = with(good, network,

@@ -141,6 +141,7 @@ std::string with(const std::string& document, const std::string& section,
 
 void expect_reports(const std::string& good, const std::vector<Reported>& edits) {
     for (const auto& [section, key, values, report] : edits) {
+        EXPECT_FALSE(values.empty()) << key;
         for (const char* value : values) {
             EXPECT_EQ(check(with(good, section, {{key, value}})), report)
                 << section << ":" << key << " = " << (value ? value : "(none)");
@@ -170,6 +171,7 @@ std::string restored(const std::string& document, const std::string& begin) {
     std::string rests;
     for (const std::string& call : restore(document)) {
         if (call.rfind(begin, 0) == 0) {
+            EXPECT_NE(call, begin) << "it would be taken for no call";
             rests += (rests.empty() ? "" : "; ") + call.substr(begin.size());
         }
     }
@@ -179,6 +181,7 @@ std::string restored(const std::string& document, const std::string& begin) {
 void expect_restored(const std::string& good, const std::string& section,
                      const std::vector<Restored>& edits) {
     for (const auto& [key, values, begin, rest] : edits) {
+        EXPECT_FALSE(values.empty()) << key;
         for (const char* value : values) {
             simulator::reset();
             EXPECT_EQ(restored(with(good, section, {{key, value}}), begin), rest)
