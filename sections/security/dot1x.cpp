@@ -119,8 +119,8 @@ bool is_port(int number) {
 
 // Switched on: the digits of the shared key are not looked at.
 int check_valid(const RadiusTexts& document, FILE* error_file) {
-    unsigned long address = 0;
-    if (str_to_ip(&address, document.address.chars) != 0) {
+    unsigned long unused = 0;
+    if (str_to_ip(&unused, document.address.chars) != 0) {
         return report_fault(error_file, USR_RET_ERR_DOT1X_SERVER_IP);
     }
     if (!is_port(document.server_port)) {
