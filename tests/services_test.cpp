@@ -78,9 +78,11 @@ TEST_F(Services, Check) {
         {sntp, "NTP Public Server2", {nullptr}, ""},
         {sntp, "Time Zone", {"-1"}, "309\n"},
         {sntp, "Time Zone", {"62", nullptr}, ""},
-        {sntp, "Time Zone", {"256", "\"0x3f\""}, ""}, // 0 for the device; decimal: 0
+        {sntp, "Time Zone", {"256"}, ""},      // 0 for the device
+        {sntp, "Time Zone", {"\"0x3f\""}, ""}, // decimal: 0
         {sntp, period, {"-1", nullptr}, "310\n"},
-        {sntp, period, {"60", "256"}, ""}, // whole, not its low 8 bits
+        {sntp, period, {"60"}, ""},
+        {sntp, period, {"256"}, ""}, // whole, not its low 8 bits
         {sntp, daylight_state, {"2"}, ""},
         {sntp, "Offset", {nullptr}, ""},
         {https, "enable state", {"7"}, ""},

@@ -369,7 +369,7 @@ TEST_F(Switching, RestoreQos) {
 TEST_F(Switching, RestoreDscp) {
     const char set[] = "U_QosSetdscpmapping(";
     const std::string first_ten = "U_QosSetdscpmapping({0,0,0,0,0,0,0,0,1,1,";
-    const std::string stored = restored(good, first_ten);
+    const std::string stored = restored(good, first_ten); // the golden calls tell what it is
     const std::string others = stored.substr(stored.find(','));
     const std::vector<Restored> edits = {
         {"0x0A(10)", {"70000"}, first_ten, "112" + others},

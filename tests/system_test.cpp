@@ -47,11 +47,14 @@ TEST_F(System, CheckPorts) {
     const std::vector<Reported> edits = {
         {ports, "port1", {nullptr}, "240\n"},
         {ports, "port8", {"-1"}, "240\n"},
-        {ports, "port2", {"255"}, "240\n"}, // -1 as a signed 8-bit number
+        // -1 as a signed 8-bit number.
+        {ports, "port2", {"255"}, "240\n"},
         {ports, "port2", {"2"}, "241\n"},
         {ports, "port8", {"128"}, "241\n"},
-        // 1 in the low 8 bits; no digits: 0, not absent.
-        {ports, "port3", {"\"0x1\"", "257", "\"\""}, ""},
+        // 1 in the low 8 bits.
+        {ports, "port3", {"\"0x1\"", "257"}, ""},
+        // No digits: 0, not absent.
+        {ports, "port3", {"\"\""}, ""},
         {ports, "Port8 speed", {"-1"}, "242\n"},
         {ports, "Port7 speed", {"3"}, "243\n"},
         {ports, "Port8 speed", {"257"}, "243\n"},
