@@ -40,15 +40,15 @@ public:
 
     // A text in each of the fields.
     template <std::size_t... Sizes>
-    void texts(std::size_t shortest, std::size_t longest, simulator::Field<Sizes>&... fields) {
+    void texts(int shortest, int longest, simulator::Field<Sizes>&... fields) {
         (fields.assign(text(shortest, longest).c_str()), ...);
     }
 
     // A text of at most this length that no other entry of the table has.
     template <std::size_t Size>
-    void name(simulator::Field<Size>& field, std::size_t entry, std::size_t longest) {
+    void name(simulator::Field<Size>& field, std::size_t entry, int longest) {
         const std::string start = std::to_string(entry);
-        field.assign((start + text(0, longest - start.size())).c_str());
+        field.assign((start + text(0, longest - static_cast<int>(start.size()))).c_str());
     }
 
     // A table of none to this many entries, each filled in with its number known.
@@ -63,7 +63,7 @@ public:
 private:
     // From the characters that a quoted value may hold: all but the quote and
     // the line end. It begins with a letter, so that it is never "-1".
-    std::string text(std::size_t shortest, std::size_t longest) {
+    std::string text(int shortest, int longest) {
         std::string text(number<std::size_t>(shortest, longest), 'x');
         for (std::size_t i = 1; i < text.size(); ++i) {
             text[i] = number<char>(0x20, 0x7e);
@@ -130,7 +130,7 @@ void generate_snmp(Generator& g, State& s) {
         if (address.type == 0) {
             memset(address.addr.v6u8 + 4, 0, 12);
         }
-        receiver.port = static_cast<std::uint16_t>(g.number(0, 4095) << 4 | (i + 1));
+        receiver.port = static_cast<std::uint16_t>(g.number<std::size_t>(0, 4095) << 4 | (i + 1));
         g.texts(1, 16, receiver.community);
     });
     g.table(s.snmp.users, 2, [&](simulator::SnmpUser& user, std::size_t i) {
