@@ -1,32 +1,11 @@
 // The document of whole switches, byte for byte, and back again.
-//
-// With UPDATE_GOLDEN=1 in the environment the files in tests/data are written
-// instead of compared: look at what changes in them.
 
 #include "tests/support/switch_test.h"
-
-#include <cstdlib>
 
 using simulator::reset;
 using simulator::state;
 
 class Golden : public SwitchTest {};
-
-static void expect_golden(const std::string& content, const std::string& name) {
-    const std::string path = std::string(TEST_DATA "/") + name;
-    if (std::getenv("UPDATE_GOLDEN") != nullptr) {
-        write_file(path, content);
-    }
-    EXPECT_EQ(content, read_file(path));
-}
-
-static void expect_golden(const Calls& calls, const std::string& name) {
-    std::string lines;
-    for (const std::string& call : calls) {
-        lines += call + "\n";
-    }
-    expect_golden(lines, name);
-}
 
 TEST_F(Golden, FactorySwitch) {
     expect_golden(backup(), "factory_switch.ini");

@@ -26,6 +26,22 @@ void write_file(const std::string& path, const std::string& content) {
     std::ofstream(path, std::ios::binary) << content;
 }
 
+void expect_golden(const std::string& content, const std::string& name) {
+    const std::string path = std::string(TEST_DATA "/") + name;
+    if (std::getenv("UPDATE_GOLDEN") != nullptr) {
+        write_file(path, content);
+    }
+    EXPECT_EQ(content, read_file(path));
+}
+
+void expect_golden(const Calls& calls, const std::string& name) {
+    std::string lines;
+    for (const std::string& call : calls) {
+        lines += call + "\n";
+    }
+    expect_golden(lines, name);
+}
+
 simulator::State device_from(const std::string& json_file) {
     return simulator::from_json_text(read_file(std::string(TEST_DATA "/") + json_file));
 }

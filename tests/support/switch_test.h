@@ -23,6 +23,11 @@ protected:
 std::string read_file(const std::string& path);
 void write_file(const std::string& path, const std::string& content);
 
+// The file in tests/data has this content, or these lines. With UPDATE_GOLDEN=1
+// in the environment it is written instead: look at what changes in it.
+void expect_golden(const std::string& content, const std::string& name);
+void expect_golden(const Calls& calls, const std::string& name);
+
 simulator::State device_from(const std::string& json_file);
 
 // The document that backup writes.
