@@ -101,12 +101,13 @@ void generate_system(Generator& g, State& s) {
 }
 
 void generate_ports(Generator& g, State& s) {
-    g.numbers(8, 40, s.ports.physical);
-    g.numbers(s.ports.physical, 64, s.ports.logical);
+    g.numbers(8, 254, s.ports.physical);
+    g.numbers(s.ports.physical, 255, s.ports.logical);
+    g.table(s.ports.trunks, 4, [&](simulator::PortSet& trunk, std::size_t) { g.any(trunk.words); });
     for (std::size_t port = 0; port < s.ports.physical; ++port) {
         simulator::RstpPort& rstp = s.rstp.ports.at(port);
-        g.numbers(0, 1, s.ports.ports.at(port).enabled, rstp.edge, rstp.bpdu_guard);
-        g.any(rstp.excluded, rstp.root_guard, rstp.bpdu_filter);
+        g.numbers(0, 1, s.ports.ports.at(port).enabled, rstp.edge, rstp.excluded, rstp.bpdu_guard);
+        g.any(rstp.root_guard, rstp.bpdu_filter);
         g.numbers(0, 3, s.dot1x.ports.at(port).mode);
     }
     for (std::size_t port = 0; port < 32; ++port) {
@@ -164,6 +165,10 @@ void generate_security(Generator& g, State& s) {
     g.numbers(0, 2, login.enabled);
     g.any(login.kind, login.address.record.addr.v4u8, login.port, login.method, login.timeout);
     g.texts(0, 29, login.shared_key);
+    if (g.number(0, 3) == 0) { // of 15 characters at most, as restore takes them
+        const std::string text = "2001:db8::" + std::to_string(g.number(1, 9999));
+        login.address.record = *simulator::address_from(text.c_str());
+    }
 }
 
 void generate_services(Generator& g, State& s) {
@@ -197,12 +202,16 @@ void generate_services(Generator& g, State& s) {
 void generate_vlans(Generator& g, State& s) {
     g.numbers(1, 4094, s.vlan.management);
     s.vlan.table = {{s.vlan.management, "", {}, {}}};
+    int room = 500; // the switch holds 512 VLANs
     for (std::size_t port = 0; port < 8; ++port) {
         g.numbers(0, 1, s.vlan.roles[port]);
-        std::string list = std::to_string(port == 0 ? s.vlan.management : g.number(1, 4094));
-        const std::int64_t others = s.vlan.roles[port] == 0 ? 0 : g.number(0, 55);
-        for (std::int64_t other = 0; other < others; ++other) {
-            list += "," + std::to_string(g.number(1, 4094));
+        const bool is_trunk = s.vlan.roles[port] == 1;
+        std::string list = port == 0 ? std::to_string(s.vlan.management) : "";
+        auto pieces = g.number(0, is_trunk ? 200 : port == 0 ? 0 : 1);
+        for (; pieces > 0 && room > 1 && list.size() < 990; --pieces, room -= 2) {
+            const auto id = g.number(1, 4093);
+            list += (list.empty() ? "" : ",") + std::to_string(id);
+            list += is_trunk && g.number(0, 3) == 0 ? "-" + std::to_string(id + 1) : "";
         }
         s.vlan.lists[port] = list.c_str();
         g.any(s.vlan.isolation[port].words);
@@ -242,8 +251,13 @@ State generated(unsigned seed) {
     return s;
 }
 
-// What a document does not carry to another switch, by contract.
-void take_over_what_no_document_carries(State& target, State& source) {
+// What a document does not carry to another switch, by contract. Beside what is
+// taken over here it carries neither slots without an account, ports behind the
+// ninth of access rules, codes without a word or a text, nor an address without
+// its mask; and backup asks for nothing of the log viewer, of the times of LLDP, of
+// the mode of a mirror, of the kinds of ports, and of the table of VLANs but for what the lists
+// make of it. So these are not generated. An RSTP version other than 2 does not pass check.
+void take_over_what_no_document_carries(State& target, State& source, unsigned keep) {
     // It is for switches of one model, and shows which one it was made on.
     target.eeprom.model_name = source.eeprom.model_name;
     target.eeprom.macsec_port_type = source.eeprom.macsec_port_type;
@@ -253,15 +267,16 @@ void take_over_what_no_document_carries(State& target, State& source) {
     target.ports.physical = source.ports.physical;
     target.ports.logical = source.ports.logical;
     // Accounts, version 3 users and access rules of the switch are kept.
-    target.accounts.slots.clear();
+    if ((keep & 1) == 0) {
+        target.accounts.slots.clear();
+    }
     target.snmp.users.clear();
     target.acl.rules = {};
     // Nothing sets whether the NTP server was given by hand, and as what.
     target.sntp.manual = source.sntp.manual;
     target.sntp.ip_or_domain = source.sntp.ip_or_domain;
     // A login server that is off is not applied; the switch keeps its own.
-    if (source.login_server.enabled != 1) {
-        source.login_server.enabled = 0;
+    if (source.login_server.enabled == 0) {
         target.login_server = source.login_server;
         target.login_server.enabled = 1;
     }
@@ -288,10 +303,10 @@ unsigned setting(const char* variable, unsigned otherwise) {
 }
 
 // A switch for the document, and another one to restore it onto.
-std::pair<State, State> generated_pair(unsigned seed) {
+std::pair<State, State> generated_pair(unsigned seed, unsigned keep = 0) {
     State source = generated(2 * seed);
     State target = generated(2 * seed + 1);
-    take_over_what_no_document_carries(target, source);
+    take_over_what_no_document_carries(target, source, keep);
     target.system.mask = {0xff000000};
     target.rstp.version = 0;
     // Check demands that the switch has the management VLAN already.
@@ -333,11 +348,11 @@ TEST_F(Generated, KeepMasks) {
     const std::pair<unsigned, const char*> kept_sections[] = {{1, "password"},
                                                               {2, "network settings"}};
     for (unsigned seed = first; seed < first + count / 4 && !HasFailure(); ++seed) {
-        const auto [source, target] = generated_pair(seed);
-        reset(source);
-        const std::string document = backup_without_clock();
         for (unsigned keep = 0; keep <= 3; ++keep) {
             SCOPED_TRACE(testing::Message() << "seed " << seed << ", keep " << keep);
+            const auto [source, target] = generated_pair(seed, keep);
+            reset(source);
+            const std::string document = backup_without_clock();
             reset(target);
             const std::string before = backup_without_clock();
             restore(document, keep);
