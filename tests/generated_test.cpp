@@ -252,11 +252,11 @@ State generated(unsigned seed) {
 }
 
 // What a document does not carry to another switch, by contract. Beside what is
-// taken over here it carries neither slots without an account, ports behind the
-// ninth of access rules, codes without a word or a text, nor an address without
-// its mask; and backup asks for nothing of the log viewer, of the times of LLDP, of
-// the mode of a mirror, of the kinds of ports, and of the table of VLANs but for what the lists
-// make of it. So these are not generated. An RSTP version other than 2 does not pass check.
+// taken over here these are not generated: slots without an account, ports behind
+// the ninth of access rules, codes without a word, and an address without its mask,
+// which the document does not carry; the log viewer, the times of LLDP, the mode of
+// a mirror, the kinds of ports and the names of VLANs, which backup does not read;
+// an RSTP version other than 2, which does not pass check.
 void take_over_what_no_document_carries(State& target, State& source, unsigned keep) {
     // It is for switches of one model, and shows which one it was made on.
     target.eeprom.model_name = source.eeprom.model_name;

@@ -40,25 +40,3 @@ TEST_F(Golden, DeviceCalls) {
     expect_golden(all_calls(), "factory_restore.calls");
     EXPECT_EQ(backup(), document);
 }
-
-// A switch of which nothing can be read but how many entries there are: the
-// document holds what each value starts from, and so does what restore compares.
-TEST_F(Golden, UnreadableSwitch) {
-    const std::string document = backup();
-    std::string reads;
-    for (const std::string& call : all_calls()) {
-        const std::string name = call.substr(0, call.find('('));
-        const bool tells_a_number = name.find("Size") != std::string::npos ||
-                                    name == "account_getFromFlash" || name == "U_PortGetMode" ||
-                                    name == "get_eeprom_macsec_port_type";
-        if ((name.find("et") != std::string::npos || name == "Ui_SysLogFlashConfig") &&
-            !tells_a_number) {
-            reads += name + ",";
-        }
-    }
-    simulator::make_fail(reads + "U_SysGetModbusEnabled,U_FlshSnmpGetTrapIpv6Entry");
-    const std::string unreadable = backup();
-    expect_golden(without(without(unreadable, "sntp setting", "Date"), "sntp setting", "Time"),
-                  "unreadable_switch.ini");
-    expect_golden(restore(document), "unreadable_restore.calls");
-}

@@ -1,7 +1,5 @@
-// What holds over all sections: the orders of the modes, the first fault, the
-// keep mask, and documents that cannot be loaded.
+// What holds over all sections: the order in which faults are found.
 
-#include "frame/modes.h"
 #include "tests/support/switch_test.h"
 
 #include <sys/stat.h>
@@ -108,25 +106,4 @@ TEST_F(Order, BackupKeepsTheMaskOfNewFiles) {
     const mode_t mask = umask(S_IWGRP | S_IRWXO);
     backup();
     EXPECT_EQ(umask(mask), static_cast<mode_t>(S_IWGRP | S_IRWXO));
-}
-
-TEST_F(Order, UnloadableDocumentIsOneFault) {
-    EXPECT_EQ(check(good + "no key line\n"), "211\n");
-    EXPECT_EQ(check(good), "") << "a stale code is left in the report";
-}
-
-TEST_F(Order, KeepMask) {
-    for (const std::uint32_t keep : {0U, 1U, 2U, 3U, 4U, 0xfffffffcU, 0xffffffffU}) {
-        const Calls network = calls_with(restore(good, keep), "U_FlshSysSetDhcp(0)");
-        EXPECT_EQ(network.empty(), (keep & 2) != 0) << keep;
-    }
-}
-
-TEST_F(Order, NothingOfAnUnloadableDocument) {
-    write_file(restore_path, with(good, "port settings", "port1", "0") + "[no end\n");
-    write_file(report_path, "240\n");
-    simulator::journal().clear();
-    EXPECT_EQ(parse_config_ini_file(restore_path), -1);
-    EXPECT_EQ(all_calls(), Calls{});
-    EXPECT_EQ(read_file(report_path), "240\n");
 }
