@@ -129,7 +129,7 @@ std::ptrdiff_t sections(const std::string& document) {
 simulator::State other_device() {
     simulator::State device;
     device.ports.physical = 7;
-    device.ports.trunks = {{0, 1}};
+    device.ports.trunks = {{}, {4}};
     for (std::size_t port = 0; port < 7; ++port) {
         device.ports.ports.at(port).enabled = 0;
     }
