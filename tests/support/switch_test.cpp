@@ -165,6 +165,15 @@ void expect_reports(const std::string& good, const std::vector<Reported>& edits)
     }
 }
 
+Calls lines_of(const std::string& text) {
+    std::istringstream stream(text);
+    Calls lines;
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
 bool contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
 }

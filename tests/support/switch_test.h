@@ -70,6 +70,8 @@ struct Reported {
 };
 void expect_reports(const std::string& good, const std::vector<Reported>& edits);
 
+Calls lines_of(const std::string& text);
+
 bool contains(const std::string& text, const std::string& part);
 
 // Those of the calls that have this in their text.
