@@ -19,6 +19,14 @@ install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(PROGRAMS ${PROJECT_SOURCE_DIR}/docs/examples/careful-restore
   DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/examples)
 
+# The report codes for programs, one a line: number, name, section, sentence.
+set(codes ${PROJECT_BINARY_DIR}/codes)
+set(make_codes ${PROJECT_SOURCE_DIR}/cmake/codes.awk)
+add_custom_command(OUTPUT ${codes}
+  COMMAND awk -f ${make_codes} ${manual} >${codes} DEPENDS ${manual} ${make_codes})
+add_custom_target(code_table ALL DEPENDS ${codes})
+install(FILES ${codes} DESTINATION ${CMAKE_INSTALL_DATADIR}/switch-config)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_CONTACT "switch-config developers")

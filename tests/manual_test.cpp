@@ -30,7 +30,7 @@ Codes codes_in(const std::string& text, const std::regex& line, int number, int 
 
 // An entry has its description on the next line.
 Codes table_of(const std::string& page) {
-    return codes_in(page, std::regex(R"(\n\.It Sy (\d+) Dv (\w+)\n(?=[A-Z]))"), 1, 2);
+    return codes_in(page, std::regex(R"(\n\.It Sy (\d+) Dv (\w+)\n(?:\.Bq .+\n)?(?=[A-Z]))"), 1, 2);
 }
 
 std::set<std::string> names_in_sources() {
