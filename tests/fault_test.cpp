@@ -35,7 +35,7 @@ Names lost(const Names& whole, const Names& rest) {
 
 // Every function that the contract's headers declare, and their header.
 std::map<std::string, std::string> contract() {
-    const std::regex declaration(R"(\n[\w ]+[ *]+(\w+)\()");
+    const std::regex declaration(R"(\n\w[\w ]*[ *]+(\w+)\()");
     std::map<std::string, std::string> functions;
     for (const auto& header :
          std::filesystem::directory_iterator(TEST_DATA "/../../platform/include")) {

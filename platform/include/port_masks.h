@@ -1,15 +1,14 @@
 /*
- * Sets of ports, and the trunk (link aggregation) groups behind logical ports.
+ * Sets of ports, and the members and names of logical ports.
  *
- * Logical ids name the physical ports first, one to one, and then the trunk
- * groups, g_ucMaxLogicPort ids in all. The words of a mask are read and
- * written through these operations only.
+ * Logical ids count from 0: first the physical ports, one to one, then the trunk
+ * (link aggregation) groups, g_ucMaxLogicPort ids in all. Callers never touch the
+ * words of a mask.
  */
 #ifndef SWITCH_PORT_MASKS_H
 #define SWITCH_PORT_MASKS_H
 
-#include <assert.h>
-#include <stdint.h>
+#include "platform/include/layout.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -21,16 +20,18 @@ typedef struct {
 } TstLPortMask;
 typedef TstLPortMask LOGIC_PORTMASK_T;
 
-/* A set of physical ports, laid out like TstLPortMask. */
+/* A set of physical ports. The tool reads it with U_LPortMaskGetPort too. */
 typedef struct {
     uint32_t ulMask[2];
 } TstPPortMask;
 typedef TstPPortMask PHY_PORTMASK_T;
 
-static_assert(sizeof(TstLPortMask) == 8, "two 32-bit words");
-static_assert(sizeof(TstPPortMask) == 8, "two 32-bit words");
+CONTRACT_SIZE(TstLPortMask, 8);
+CONTRACT_FIELD(TstLPortMask, ulMask, uint32_t[2], 0);
+CONTRACT_SIZE(TstPPortMask, 8);
+CONTRACT_FIELD(TstPPortMask, ulMask, uint32_t[2], 0);
 
-/* Ports are numbered from 0; a port beyond 63 is in no set. */
+/* Ports count from 0. No set holds a port above 63. */
 void U_LPortMaskClrAll(TstLPortMask* mask);
 void U_LPortMaskSetPort(TstLPortMask* mask, uint8_t port);
 char U_LPortMaskGetPort(const TstLPortMask* mask, uint8_t port); /* nonzero: in the set */
@@ -38,14 +39,20 @@ char U_LPortMaskGetPort(const TstLPortMask* mask, uint8_t port); /* nonzero: in 
 void U_PPortMaskClrAll(TstPPortMask* mask);
 void U_PPortMaskSetPort(TstPPortMask* mask, uint8_t port);
 void U_PPortMaskCopy(TstPPortMask* destination, const TstPPortMask* source);
-/* destination becomes the union of the other two. */
+/* Sets destination to the union of first and second. */
 void U_PPortMaskOr(TstPPortMask* destination, const TstPPortMask* first,
                    const TstPPortMask* second);
 
-/* The physical member ports of the trunk group with this logical id. */
+/*
+ * The physical ports that are members of a trunk group. Returns 0 (USR_RET_OK) or
+ * a fault, which leaves members unchanged.
+ */
 uint16_t U_TrkLId2PMask(TstPPortMask* members, uint8_t logical_id);
 
-/* The display name of a logical port ("Port7" for id 6), into 16 bytes. */
+/*
+ * The display name of a logical port, NUL-terminated, into 16 bytes: "Port7" for
+ * id 6. Returns 0 (USR_RET_OK) or a fault, which leaves name unchanged.
+ */
 uint16_t U_TrkLId2LogicId(char* name, uint8_t logical_id);
 
 #ifdef __cplusplus

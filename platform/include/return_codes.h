@@ -1,13 +1,14 @@
 /*
- * Return codes of the device management library.
+ * Return codes of the device management library, with the library's spellings.
  *
- * Device operations return them as unsigned 16-bit numbers, and the check
- * report carries them, so that a caller translates both with one table. The
- * spellings are the library's. It has more codes than these, between them and
- * beyond: those are for other callers, and this tool gives none of them. Nor
- * does it give 217, 218, 302, 340 to 345, or the not-found codes of the SNMP
- * tables (252, 254, 258, 260, 262, 264, 266, 268), where a missing key is no
- * fault.
+ * Device operations return them as unsigned 16-bit numbers, and the check report
+ * carries them: one table translates both. The library has more codes, between
+ * these and above them. The tool never writes 217, 218, 302, 340 to 345, nor the
+ * not-found codes of the SNMP tables (252, 254, 258, 260, 262, 264, 266, 268): a
+ * missing numbered key is not a fault.
+ *
+ * The tool ignores the results of device operations, but for the few that
+ * docs/porting.md names.
  */
 #ifndef SWITCH_RETURN_CODES_H
 #define SWITCH_RETURN_CODES_H

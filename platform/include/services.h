@@ -1,9 +1,8 @@
 /*
- * Services with little more than a switch: LLDP (IEEE 802.1AB), the HTTPS web
- * server, and port mirroring.
+ * LLDP (IEEE 802.1AB), the HTTPS web server, and port mirroring.
  *
- * Operations return 0 (USR_RET_OK) or a fault; a read that fails leaves its
- * outputs as they were.
+ * Operations return 0 (USR_RET_OK) or a fault. A read that fails leaves its
+ * outputs unchanged.
  */
 #ifndef SWITCH_SERVICES_H
 #define SWITCH_SERVICES_H
@@ -12,21 +11,26 @@
 extern "C" {
 #endif
 
-/* LLDP's state: 1 when it is on; 3 switches it off. */
+/* LLDP is on when the value is 1. A set passes 1 for on and 3 for off. */
 unsigned short U_LldpGetEnable(unsigned char* enabled);
 unsigned short U_LldpSetEnable(unsigned char* enabled);
 
-/* How long neighbours keep what LLDP tells them, and how often it does, in seconds. */
+/*
+ * How long neighbours keep what this switch has sent, and how often it sends, in
+ * seconds. Restore always sets 120 and 30, after the value above.
+ */
 unsigned short U_LldpSetTxTtl(unsigned short* ttl);
 unsigned short U_LldpSetTxInterval(unsigned short* interval);
 
-/* 1 when the HTTPS web server is on, else 0. */
+/* 1 when the HTTPS web server is on, 0 when it is off. */
 unsigned short U_FlshHTTPSGet(char* enabled);
 unsigned short U_FlshHTTPSSet(char enabled);
 
 /*
- * Port mirroring: its state (0 is off), its mode, and its two ports, numbered
- * from 0. Switching it off passes -1 for both ports.
+ * Port mirroring: its state (0 is off), its mode, the analyzer port and the
+ * monitored port; ports count from 0. Restore passes mode 3, with -1 for a port
+ * that the document does not name; to turn mirroring off it passes state 0, mode 0
+ * and -1 for both ports. What the modes and port -1 mean is the library's own.
  */
 unsigned short U_FwdGetPortMirror(char* state, unsigned char* mode,
                                   unsigned short* ucPortMirrorAnlyPort,

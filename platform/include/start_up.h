@@ -1,7 +1,7 @@
 /*
- * Start-up of the device libraries, called once per run and in this order:
- * init_umdev, initdef, port_init. After them every other operation works and
- * the port counts are set. The tool uses none of their results.
+ * Start-up of the device libraries. Each run calls these once, in this order and
+ * before anything else; after that every other operation must work. The tool
+ * ignores their results, and calls nothing at the end of a run.
  */
 #ifndef SWITCH_START_UP_H
 #define SWITCH_START_UP_H
@@ -10,10 +10,10 @@
 extern "C" {
 #endif
 
-/* The switch-chip driver's device handle. */
+/* The switch-chip driver's handle of a device. */
 typedef struct MSD_QD_DEV MSD_QD_DEV;
 
-/* Opens the switch chip; the tool passes device number 0. */
+/* Opens the switch chip. The tool passes device number 0. */
 MSD_QD_DEV* init_umdev(int device);
 
 /* Loads the stored configuration. */
