@@ -333,19 +333,23 @@ TEST_F(Security, LoginServer) {
 
 // No field has room for a terminator then.
 TEST_F(Security, TextsThatFillTheirFields) {
-    const char secret_of_32[] = "a secret of thirty-two characte!";
-    state().snmp.users = {{"user of 16 chars", 1, secret_of_32, 1, secret_of_32}};
-    state().dot1x.nas_identifier = "a NAS identifier of 30 charact";
-    state().dot1x.shared_key = "a shared key of 30 characters.";
-    state().macsec[0].sak = secret_of_32;
+    const std::string letters = "a text of thirty-two letters, so";
+    auto& device = state();
+    std::vector<std::string> texts;
+    const auto fill = [&](auto&... fields) {
+        (fields.fill(letters.c_str()), ...);
+        (texts.push_back(fields.text()), ...);
+    };
+    fill(device.snmp.communities[0].community, device.snmp.receivers[0].community,
+         device.snmp.users[0].name, device.dot1x.nas_identifier, device.login_server.shared_key,
+         device.sntp.server1, device.smtp.server, device.smtp.password,
+         device.acl.rules.at(0).name);
+    device.snmp.users[0].password.fill(letters.c_str());
     const std::string full = backup();
-    EXPECT_TRUE(contains(full, "\"user of 16 chars\""));
-    EXPECT_TRUE(contains(full, "\"a NAS identifier of 30 charact\""));
-    EXPECT_EQ(check(full), "");
-    reset();
-    state().snmp.users.clear(); // it would keep its own
-    restore(full);
-    EXPECT_EQ(backup(), full);
+    for (const std::string& text : texts) {
+        EXPECT_TRUE(contains(full, "\"" + text + "\"")) << text;
+    }
+    EXPECT_TRUE(contains(restored(full, "U_SnmpInsUsm("), ", 1, \"" + letters + "\", 1, "));
 }
 
 // What the document holds encrypted is in no output as plain text.

@@ -155,7 +155,7 @@ TEST_F(Switching, LongestVlanLists) {
             list += list.size() % 2 == 0 ? '1' : ',';
         }
         for (auto& stored : state().vlan.lists) {
-            stored.assign(list.c_str());
+            stored.fill(list.c_str());
         }
         const std::string document = backup();
         EXPECT_TRUE(contains(document, "port8_vlan = \"" + list + "\" ;\n"));

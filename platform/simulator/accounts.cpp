@@ -23,12 +23,21 @@ void to_stored(Stored& stored, const Field<32>& plain) {
     }
 }
 
-Field<32> to_plain(const Stored& stored) {
-    Field<32> plain;
-    for (size_t i = 0; i < sizeof stored; ++i) {
-        plain.bytes[i] = static_cast<char>(~stored[i]);
+std::string to_plain(const Stored& stored) {
+    std::string plain;
+    for (const uint8_t byte : stored) {
+        plain += static_cast<char>(~byte);
     }
-    return plain;
+    return plain.c_str(); // up to the terminator
+}
+
+// Reads the size bytes of a text that may have no terminator.
+void encrypt(Stored& stored, const char* text, uint8_t size) {
+    to_stored(stored, std::string(text, strnlen(text, size)).c_str());
+}
+
+void decrypt(const Stored& stored, char* text, uint8_t size) {
+    Field<32>(to_plain(stored).c_str()).copy_to(text, size);
 }
 
 constexpr size_t max_slots = 15;
@@ -38,14 +47,14 @@ std::vector<Account>& slots() {
 }
 
 Account account_of(const account_t& record) {
-    return {false, to_plain(record.username), to_plain(record.password), record.access_right};
+    return {false, to_plain(record.username).c_str(), to_plain(record.password).c_str(),
+            record.access_right};
 }
 
 Written written_record(const account_t& record) {
-    const Account account = account_of(record);
-    return {"account_t{username=" + written(account.name.text().c_str()) +
-            ", password=" + written(account.password.text().c_str()) +
-            ", access_right=" + written(account.access_right) + "}"};
+    return {"account_t{username=" + written(to_plain(record.username).c_str()) +
+            ", password=" + written(to_plain(record.password).c_str()) +
+            ", access_right=" + written(record.access_right) + "}"};
 }
 
 auto find(const Field<32>& name) {
@@ -83,7 +92,7 @@ account_err_t add(const account_t& record) {
 }
 
 account_err_t remove(const account_t& record) {
-    const auto slot = find(to_plain(record.username));
+    const auto slot = find(to_plain(record.username).c_str());
     if (slot == slots().end()) {
         return ACCOUNT_ERROR_ACCOUNT_NO_EXISTS;
     }
@@ -135,7 +144,7 @@ void account_decryptUsername(const account_t* account, char* text, uint8_t size,
     report(
         error, Access::read, "account_decryptUsername",
         [&]() -> account_err_t {
-            to_plain(account->username).copy_to(text, size);
+            decrypt(account->username, text, size);
             return ACCOUNT_ERROR_NONE;
         },
         size);
@@ -146,7 +155,7 @@ void account_decryptPassword(const account_t* account, char* text, uint8_t size,
     report(
         error, Access::read, "account_decryptPassword",
         [&]() -> account_err_t {
-            to_plain(account->password).copy_to(text, size);
+            decrypt(account->password, text, size);
             return ACCOUNT_ERROR_NONE;
         },
         size);
@@ -157,7 +166,7 @@ void account_encryptUsername(account_t* account, const char* text, uint8_t size,
     report(
         error, Access::read, "account_encryptUsername",
         [&]() -> account_err_t {
-            to_stored(account->username, text);
+            encrypt(account->username, text, size);
             return ACCOUNT_ERROR_NONE;
         },
         text, size);
@@ -168,7 +177,7 @@ void account_encryptPassword(account_t* account, const char* text, uint8_t size,
     report(
         error, Access::read, "account_encryptPassword",
         [&]() -> account_err_t {
-            to_stored(account->password, text);
+            encrypt(account->password, text, size);
             return ACCOUNT_ERROR_NONE;
         },
         text, size);
@@ -183,7 +192,7 @@ void account_addToFlash(const account_t* account, account_err_t* error) {
 void account_deleteFromFlash(const account_t* account, account_err_t* error) {
     report(
         error, Access::change, "account_deleteFromFlash", [&] { return remove(*account); },
-        to_plain(account->username).text().c_str());
+        to_plain(account->username).c_str());
 }
 
 int usrflsh_getPSWD_minLen(uint8_t* length) {

@@ -55,7 +55,7 @@ AclRule rule_of(uint16_t index, const TstFlshAcl& record) {
     const TstAclClassifier& match = record.stClassifier;
     AclRule rule;
     rule.index = index;
-    memcpy(rule.name.bytes.data(), record.acAclName, sizeof record.acAclName);
+    rule.name.assign(record.acAclName);
     rule.conditions = match.ulBitMap;
     memcpy(rule.mac.bytes.data(), match.aucSrcMac, sizeof match.aucSrcMac);
     memcpy(rule.mac_mask.bytes.data(), match.aucSrcMacMask, sizeof match.aucSrcMacMask);

@@ -3,14 +3,13 @@
 #include "platform/simulator/gate.h"
 #include "platform/simulator/state.h"
 
-#include <cstring>
-
 using namespace simulator;
 
 namespace {
 
 constexpr int failed = -1;
 constexpr int fiber_entries = 2;
+constexpr size_t model_name_size = 33;
 
 bool is_fiber_entry(int entry) {
     return entry >= 1 && entry <= fiber_entries;
@@ -20,7 +19,7 @@ bool is_fiber_entry(int entry) {
 
 int get_full_model_name(char* name) {
     return reads("get_full_model_name",
-                 [&] { strcpy(name, state().eeprom.model_name.text().c_str()); });
+                 [&] { state().eeprom.model_name.copy_to(name, model_name_size); });
 }
 
 int get_eeprom_macsec_port_type(void) {

@@ -1,8 +1,9 @@
 // Choices of this switch: versions 1 to 3, permission types 1 (read only) and
-// 2 (read and write), texts of 1 to 16 characters, receivers with an IPv4 or
+// 2 (read and write), texts of 1 to 15 characters, receivers with an IPv4 or
 // IPv6 address and a port of at least 1, secrets of 32 or 64 hexadecimal
 // digits. A community or receiver that exists is not added again; a user that
-// exists is replaced. The running and the stored receivers are the same.
+// exists is replaced, and a third one is refused. The running and the stored receivers are the
+// same.
 
 #include "platform/include/snmp.h"
 
@@ -65,7 +66,7 @@ unsigned short insert_receiver(const char* name, const IP_ADDR_T* address, uint1
 
 bool has_text(const char* text) {
     const size_t length = strlen(text);
-    return length >= 1 && length <= short_text;
+    return length >= 1 && length < short_text;
 }
 
 bool is_encrypted_text(const char* text) {
@@ -142,7 +143,7 @@ unsigned short U_SnmpDelCommunity(const char* community) {
         [&] {
             auto& entries = snmp().communities;
             const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) {
-                return entry.community == Field<16>(community);
+                return entry.community.text() == community;
             });
             if (found == entries.end()) {
                 return false;

@@ -6,6 +6,7 @@
 
 #include "platform/include/converters.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -16,8 +17,7 @@
 
 namespace simulator {
 
-// A fixed text field of the device's memory. A text that fills it has no
-// terminator; what follows a shorter one is zero.
+// A text field of the device's memory: at most Size - 1 characters, the rest zero.
 template <std::size_t Size>
 struct Field {
     std::array<char, Size> bytes = {};
@@ -25,17 +25,28 @@ struct Field {
     Field() = default;
     Field(const char* text) { assign(text); }
 
+    // A longer text is cut.
     void assign(const char* text) {
+        bytes = {};
+        std::memcpy(bytes.data(), text, strnlen(text, Size - 1));
+    }
+
+    // Takes Size characters and leaves no room for a terminator. No operation
+    // does: it makes a device that does not terminate its texts.
+    void fill(const char* text) {
         bytes = {};
         std::memcpy(bytes.data(), text, strnlen(text, Size));
     }
 
     std::string text() const { return std::string(bytes.data(), strnlen(bytes.data(), Size)); }
 
-    // Into a buffer of size bytes, cut and unterminated when it is too small.
+    // Writes size bytes; a text that is too long for them is cut and terminated.
     void copy_to(void* buffer, std::size_t size) const {
         std::memset(buffer, 0, size);
-        std::memcpy(buffer, bytes.data(), size < Size ? size : Size);
+        std::memcpy(buffer, bytes.data(), std::min(size, Size));
+        if (size != 0 && size < Size) {
+            static_cast<char*>(buffer)[size - 1] = '\0';
+        }
     }
 
     bool operator==(const Field& other) const { return bytes == other.bytes; }
@@ -98,7 +109,7 @@ struct Indexed {
 };
 
 struct Eeprom {
-    Field<32> model_name = "MS-8P";
+    Field<33> model_name = "MS-8P";
     int macsec_port_type = 1;
     std::array<int, 2> fiber_speed = {2, 2};
     int serial_port = 0; // the option flag of the automatic default
@@ -304,7 +315,7 @@ struct Smtp {
 
 struct StaticVlan {
     std::uint16_t id = 0;
-    Field<16> name;
+    Field<17> name;
     PortSet members;
     PortSet tagged;
 };

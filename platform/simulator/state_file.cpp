@@ -17,13 +17,13 @@ using nlohmann::json;
 
 template <std::size_t Size>
 void to_json(json& value, const Field<Size>& field) {
-    const json text = field.text();
+    const std::string text = field.text().substr(0, Size - 1);
     try {
-        static_cast<void>(text.dump());
+        static_cast<void>(json(text).dump());
         value = text;
     } catch (const json::type_error&) { // not UTF-8
         value = json::array();
-        for (const char byte : field.text()) {
+        for (const char byte : text) {
             value.push_back(static_cast<std::uint8_t>(byte));
         }
     }
@@ -33,9 +33,9 @@ template <std::size_t Size>
 void from_json(const json& value, Field<Size>& field) {
     if (value.is_array()) {
         const auto bytes = value.get<std::vector<std::uint8_t>>();
-        field.assign(std::string(bytes.begin(), bytes.end()).c_str());
+        field.fill(std::string(bytes.begin(), bytes.end()).c_str());
     } else {
-        field.assign(value.get<std::string>().c_str());
+        field.fill(value.get<std::string>().c_str());
     }
 }
 

@@ -10,8 +10,8 @@
 //    stored configuration.
 //  - The entry table holds what the static VLAN table is to hold, the removal
 //    list the 32-bit IDs of what it holds now and is not to hold; a 0 ends each,
-//    unless it is full. A set takes its entries from there, or, when the roles
-//    and lists are at fault, changes nothing.
+//    unless it is full. The message says that they are ready, and is empty when
+//    the check fails; without it a set changes nothing.
 //  - A check that fails, or whose buffers have not been cleared, finds fault with
 //    the management VLAN.
 
@@ -33,6 +33,7 @@ constexpr int max_id = 4094;
 constexpr size_t max_vlans = 512;
 constexpr uint16_t protocol_type = 0x8100; // IEEE 802.1Q
 constexpr int table_is_full = -7;
+constexpr char prepared[] = "prepared";
 
 Vlan& vlan() {
     return state().vlan;
@@ -123,7 +124,7 @@ auto find(int id) {
                         [&](const StaticVlan& entry) { return entry.id == id; });
 }
 
-Field<16> name_of(int id) {
+Field<17> name_of(int id) {
     if (find(id) != vlan().table.end()) {
         return find(id)->name;
     }
@@ -212,10 +213,11 @@ void get_vlan_data(vlan_data_t* data) {
     });
 }
 
-int check_vlan_data(vlan_data_t* data, char*, TstFlshVlanEntry* table, void* removal_list) {
+int check_vlan_data(vlan_data_t* data, char* msg, TstFlshVlanEntry* table, void* removal_list) {
     return answers(
         "check_vlan_data", static_cast<int>(VLAN_DATA_MANAGEMENT),
         [&]() -> int {
+            *msg = '\0';
             Memberships vlans;
             const int verdict = judge(*data, vlans);
             if (verdict != VLAN_DATA_VALID) {
@@ -227,18 +229,20 @@ int check_vlan_data(vlan_data_t* data, char*, TstFlshVlanEntry* table, void* rem
             }
             prepare_table(vlans, table);
             prepare_removal(vlans, removal_list);
+            if (vlan().verdict >= VLAN_DATA_VALID) {
+                strcpy(msg, prepared);
+            }
             return vlan().verdict;
         },
         written_record(*data));
 }
 
-void set_vlan_data(vlan_data_t* data, char*, TstFlshVlanEntry* table, void* removal_list,
+void set_vlan_data(vlan_data_t* data, char* msg, TstFlshVlanEntry* table, void* removal_list,
                    int apply) {
     changes(
         "set_vlan_data",
         [&] {
-            Memberships vlans;
-            if (judge(*data, vlans) != VLAN_DATA_VALID) {
+            if (strncmp(msg, prepared, sizeof prepared) != 0) {
                 return false;
             }
             remove_vlans(removal_list);
