@@ -3,15 +3,47 @@
 #include "frame/modes.h"
 #include "platform/simulator/state_file.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 
+namespace {
+
+constexpr const char* tool_files[] = {backup_path, restore_path, report_path};
+
+// Refuses to overwrite the tool's files where they are not the tests' own, and
+// leaves none behind.
+class OwnFiles : public testing::Environment {
+    void SetUp() override {
+        for (const char* path : tool_files) {
+            if (std::filesystem::exists(std::filesystem::symlink_status(path))) {
+                fprintf(stderr, "%s is in the way: run the tests by ctest\n", path);
+                exit(1);
+            }
+        }
+        if (getenv("TEST_TMPDIR") == nullptr && mkdtemp(directory) != nullptr) {
+            setenv("TEST_TMPDIR", directory, 0);
+        }
+    }
+    void TearDown() override {
+        for (const char* path : tool_files) {
+            std::filesystem::remove_all(path);
+        }
+        std::filesystem::remove_all(directory);
+    }
+
+    char directory[32] = "/tmp/switch_config_tests.XXXXXX";
+};
+const auto* const own_files = testing::AddGlobalTestEnvironment(new OwnFiles);
+
+} // namespace
+
 SwitchTest::SwitchTest() {
     simulator::reset();
     gKeepConfig = 0;
-    for (const char* path : {backup_path, restore_path, report_path}) {
+    for (const char* path : tool_files) {
         std::filesystem::remove_all(path);
     }
 }
