@@ -12,7 +12,9 @@ install(FILES ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 set(manual ${PROJECT_SOURCE_DIR}/docs/switch-config.8)
 set(compressed ${PROJECT_BINARY_DIR}/switch-config.8.gz)
 add_custom_command(OUTPUT ${compressed}
-  COMMAND gzip -9nc ${manual} >${compressed} DEPENDS ${manual})
+  COMMAND ${CMAKE_COMMAND} -E copy ${manual} ${PROJECT_BINARY_DIR}
+  COMMAND gzip -9nf switch-config.8
+  DEPENDS ${manual} VERBATIM)
 add_custom_target(manual ALL DEPENDS ${compressed})
 install(FILES ${compressed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
 install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
@@ -23,7 +25,8 @@ install(PROGRAMS ${PROJECT_SOURCE_DIR}/docs/examples/careful-restore
 set(codes ${PROJECT_BINARY_DIR}/codes)
 set(make_codes ${PROJECT_SOURCE_DIR}/cmake/codes.awk)
 add_custom_command(OUTPUT ${codes}
-  COMMAND awk -f ${make_codes} ${manual} >${codes} DEPENDS ${manual} ${make_codes})
+  COMMAND sh -c "awk -f \"$1\" \"$2\" >codes" sh ${make_codes} ${manual}
+  DEPENDS ${manual} ${make_codes} VERBATIM)
 add_custom_target(code_table ALL DEPENDS ${codes})
 install(FILES ${codes} DESTINATION ${CMAKE_INSTALL_DATADIR}/switch-config)
 
@@ -47,12 +50,14 @@ from one human-readable document. It runs on the switch itself, once for each
 task, for the web interface or another management process.
 .
 The device libraries of the switch are no part of this package.")
-  # The packages of another machine's libraries are not known to this one.
+  # dpkg-shlibdeps does not know the packages of another architecture's libraries.
   if(CMAKE_CROSSCOMPILING)
+    file(REAL_PATH ${INIPARSER} file)
+    string(REGEX REPLACE ".*\\.so\\.([0-9]+).*" "\\1" soname_version ${file})
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.34), libiniparser1 (>= 4.0)")
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.34), libiniparser${soname_version}")
   endif()
-  # The device libraries are looked for where they were linked from.
+  # It looks for the device libraries where they were linked from.
   foreach(library ${SWITCH_DEVICE_LIBRARY})
     cmake_path(GET library PARENT_PATH folder)
     list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${folder})

@@ -4,6 +4,7 @@
 #include "frame/modes.h"
 #include "tests/support/switch_test.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <regex>

@@ -5,6 +5,8 @@
 #include "platform/include/accounts.h"
 #include "tests/support/switch_test.h"
 
+#include <algorithm>
+
 using simulator::make_fail;
 using simulator::reset;
 using simulator::state;
