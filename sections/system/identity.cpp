@@ -19,9 +19,10 @@
 
 namespace {
 
-constexpr int tool_major = 3;
-constexpr int tool_minor = 29;
-constexpr int tool_revision = 983;
+// From project() in CMakeLists.txt.
+constexpr int tool_major = TOOL_MAJOR;
+constexpr int tool_minor = TOOL_MINOR;
+constexpr int tool_revision = TOOL_REVISION;
 
 constexpr std::size_t max_device_name = 29;
 constexpr std::size_t max_model_name = 32;
