@@ -1,5 +1,7 @@
 #include "frame/document.h"
 
+#include "frame/ini_dialect.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,20 +12,21 @@
 
 namespace {
 
-// Whether reading the open file ends, without an error, within the limit.
-// The size that the file system tells is no help: it may be 0 for a file that
-// goes on for ever.
-bool can_be_read_to_its_end(int file) {
-    char block[4096];
+// Room for a document of the full size, and for one byte by which a larger one shows.
+char document_text[max_document_size + 1];
+
+// Reads the file to its end. -1 when that is not possible, or it is too large.
+// The size that the file system reports is no help: it may be 0 for an endless file.
+ssize_t read_to_end(int file) {
     std::size_t size = 0;
-    while (size <= max_document_size) {
-        const ssize_t count = read(file, block, sizeof block);
+    while (size < sizeof document_text) {
+        const ssize_t count = read(file, document_text + size, sizeof document_text - size);
         if (count <= 0) {
-            return count == 0;
+            return count == 0 ? static_cast<ssize_t>(size) : -1;
         }
         size += static_cast<std::size_t>(count);
     }
-    return false;
+    return -1;
 }
 
 bool is_regular_file(int file) {
@@ -31,21 +34,50 @@ bool is_regular_file(int file) {
     return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
 }
 
+#ifdef INIPARSER_READS_STREAMS // since 4.2
+
+dictionary* parse(const char* path, std::size_t size) {
+    Disguise bytes;
+    if (!disguise(document_text, size, bytes)) {
+        fprintf(stderr, "cannot load %s: not a text, it has almost every byte above 127\n", path);
+        return nullptr;
+    }
+    FILE* stream = fmemopen(document_text, size, "r");
+    if (stream == nullptr) {
+        return nullptr;
+    }
+    dictionary* ini = iniparser_load_file(stream, path);
+    fclose(stream);
+    if (ini != nullptr) {
+        reveal(ini, bytes);
+    }
+    return ini;
+}
+
+#else
+
+dictionary* parse(const char* path, std::size_t) {
+    return iniparser_load(path);
+}
+
+#endif
+
 } // namespace
 
 dictionary* load_document(const char* path) {
     // Without O_NONBLOCK, opening a named pipe would wait for its writer.
     const int file = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (file >= 0) {
-        const bool acceptable = is_regular_file(file) && can_be_read_to_its_end(file);
-        close(file);
-        if (!acceptable) {
-            fprintf(stderr, "cannot load %s: not a readable regular file of at most %zu bytes\n",
-                    path, max_document_size);
-            return nullptr;
-        }
+    if (file < 0) {
+        return iniparser_load(path); // says that it cannot be opened
     }
-    return iniparser_load(path); // says why a file cannot be opened
+    const ssize_t size = is_regular_file(file) ? read_to_end(file) : -1;
+    close(file);
+    if (size < 0) {
+        fprintf(stderr, "cannot load %s: not a readable regular file of at most %zu bytes\n", path,
+                max_document_size);
+        return nullptr;
+    }
+    return parse(path, static_cast<std::size_t>(size));
 }
 
 void write_header(FILE* ini_file) {

@@ -1,6 +1,7 @@
 // How values are read back from a document.
 
 #include "frame/document.h"
+#include "frame/ini_dialect.h"
 
 #include "tests/support/switch_test.h"
 
@@ -88,4 +89,69 @@ TEST_F(Document, Size) {
     EXPECT_TRUE(load(lines + "\n"));
     EXPECT_FALSE(load(lines + "\n\n"));
     EXPECT_TRUE(load(lines.substr(0, 4097))); // read in blocks of 4096 bytes
+}
+
+// Lines that iniparser 4.2 and later would read differently from 4.1, and the entry
+// that each leaves, as restore prints it.
+const std::pair<std::string, const char*> nasty_lines[] = {
+    {R"(k = "a\b" ;)", R"([s:k]=[a\b])"},
+    {R"(k = "a\"b" ;)", R"([s:k]=[a\])"},
+    {R"(k = "a\" ;)", R"([s:k]=[a\])"},
+    {R"(k = "a\\b" ;)", R"([s:k]=[a\\b])"},
+    {R"(k = 'a"b\' ; 'x)", R"([s:k]=[a"b\])"},
+    {R"(k = a\b "c" ; d)", R"([s:k]=[a\b "c"])"},
+    {R"(k = "no end\t)", R"([s:k]=[no end\t])"},
+    {R"(k = "v" ; \ comment)", "[s:k]=[v]"},
+    {R"(# k = "a\b")", ""},
+    {R"(k = "")", "[s:k]=[]"},
+    {R"(k = "" ; "x)", "[s:k]=[]"},
+    {R"(k = ""x\y" ; z)", R"([s:k]=[""x\y"])"},
+    {R"(k = """)", R"([s:k]=["""])"},
+    {R"(k = ''')", "[s:k]=[''']"},
+    {R"(k = ")", R"([s:k]=["])"},
+    {R"([a\b] c]d])", R"([a\b]=UNDEF)"},
+    {" [ a ] ", "[a]=UNDEF"},
+    {"k = \"a\\ \n\\b\"", R"([s:k]=[a\b])"},      // joined lines
+    {"k = \"a\\\\\nb\\c\"", R"([s:k]=[a\b\c])"},  // only the last backslash joins
+    {"k = \"a\\\\\n\nb\\c\"", R"([s:k]=[ab\c])"}, // an empty line joins on
+    {"k = \\\n\"a\\b\"", R"([s:k]=[a\b])"},
+};
+
+TEST_F(Document, ReadsTheSameWithEveryIniparser) {
+    const auto entries = [&] {
+        char* text = nullptr;
+        std::size_t size = 0;
+        FILE* stream = open_memstream(&text, &size);
+        iniparser_dump(ini, stream);
+        fclose(stream);
+        const std::string dump(text, size);
+        free(text);
+        return dump;
+    };
+    for (const auto& [lines, entry] : nasty_lines) {
+        std::string text = "[s]\n" + lines + "\n";
+        ASSERT_TRUE(load(text)) << lines;
+        const std::string read = entries();
+        EXPECT_EQ(read, std::string("[s]=UNDEF\n") + entry + (*entry != '\0' ? "\n" : ""));
+
+        // A library that does not need the disguise reads the same through it.
+        Disguise bytes;
+        ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
+        ASSERT_TRUE(load(text)) << lines;
+        reveal(ini, bytes);
+        EXPECT_EQ(entries(), read) << lines;
+    }
+}
+
+TEST_F(Document, TakesUnusedBytesForADisguise) {
+    std::string text;
+    for (int byte = 127; byte < 254; ++byte) {
+        text += static_cast<char>(byte);
+    }
+    Disguise bytes;
+    EXPECT_FALSE(disguise(text.data(), text.size(), bytes));
+    text.pop_back();
+    ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
+    EXPECT_EQ(text.find_first_of({bytes.backslash, bytes.double_quote, bytes.single_quote}),
+              std::string::npos);
 }
