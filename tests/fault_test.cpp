@@ -135,7 +135,8 @@ std::string first_document(const std::string& good) {
 std::string second_document(const std::string& good) {
     std::string document = with(good, "snmp settings", "snmp trap mode", "1");
     document = with(document, "modbus tcp settings", "modbus", "1");
-    document = with(document, "sntp setting", {{"NTP Server", "1"}, {"IP/Domain", "0"}});
+    document = with(document, "sntp setting",
+                    {{"NTP Server", "1"}, {"IP/Domain", "0"}, {"NTP Public Server1", nullptr}});
     document = without(document, "rstp setting", "BPDU Guard ebl");
     return without(document, "QoS Setting", "mode");
 }

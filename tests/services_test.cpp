@@ -215,6 +215,10 @@ TEST_F(Services, RestoreSntp) {
     EXPECT_EQ(
         client_of(manual + "NTP Manual Server name = \"a name of more than 31 characters\"\n"),
         R"(1, 44, "first", "a name of more than 31 characte", 0, 0))");
+    const std::string named = manual + "NTP Manual Server name = c\n";
+    EXPECT_EQ(client_of(named + "NTP Public Server1 = a\n"), R"(1, 44, "a", "c", 0, 0))");
+    EXPECT_EQ(client_of(named + "NTP Public Server1 = a\nNTP Public Server2 = \"\"\n"),
+              R"(1, 44, "a", "", 0, 0))");
 }
 
 TEST_F(Services, RestoreDaylight) {

@@ -1,9 +1,9 @@
 // A switch that keeps its own clock writes the date and time, for the reader
-// only; one that takes its time from servers writes the server, the zone and
-// the query period. A server is either given by hand ("NTP Server" 1) or one
-// of two public ones. The device has no operation to set which of them it is.
-// For client mode and daylight saving restore takes only the text "1" for on,
-// check any number but 0.
+// only; one that takes its time from servers writes the servers, the zone and
+// the query period. The servers are either two public ones or one given by hand
+// ("NTP Server" 1), and the device has no operation to set which.
+// Restore takes client mode and daylight saving as on only for the text "1",
+// check for any number but 0.
 
 #include "sections/services/sntp.h"
 
@@ -196,25 +196,30 @@ std::uint8_t read_byte(const dictionary* ini, const char* entry) {
     return static_cast<std::uint8_t>(read_decimal<64>(ini, entry));
 }
 
-// What is set is terminated within the field of the device.
-using SetName = Text<name_size>;
+// Names are cut so that name and terminator fit the device's field.
+using ServerName = Text<name_size>;
 
-struct SetServers {
-    SetName server1;
-    SetName server2;
+struct Servers {
+    ServerName server1;
+    ServerName server2;
 };
 
-SetServers public_servers(const dictionary* ini) {
-    return {SetName(read_string(ini, "sntp setting:NTP Public Server1", "")),
-            SetName(read_string(ini, "sntp setting:NTP Public Server2", ""))};
-}
-
-// Such a document does not carry the first server: the device keeps its own,
-// and both when the name is missing.
-SetServers manual_server(const dictionary* ini) {
-    const Client stored = stored_client();
-    return {SetName(stored.server1.chars),
-            SetName(read_string(ini, "sntp setting:NTP Manual Server name", stored.server2.chars))};
+// The public servers are applied wherever the document has them. A backup of a
+// server given by hand has neither: its name is the second server, and what is
+// missing after that stays as the device has it.
+Servers read_servers(const dictionary* ini) {
+    const char* server1 = read_string(ini, "sntp setting:NTP Public Server1", nullptr);
+    const char* server2 = read_string(ini, "sntp setting:NTP Public Server2", nullptr);
+    const bool by_hand = read_int(ini, "sntp setting:NTP Server", 0) != 0;
+    Client stored;
+    if (by_hand && (server1 == nullptr || server2 == nullptr)) {
+        stored = stored_client();
+        server2 = server2 != nullptr ? server2
+                                     : read_string(ini, "sntp setting:NTP Manual Server name",
+                                                   stored.server2.chars);
+    }
+    return {ServerName(server1 != nullptr ? server1 : stored.server1.chars),
+            ServerName(server2 != nullptr ? server2 : "")};
 }
 
 // While client mode is off, everything goes back to its default.
@@ -226,8 +231,7 @@ void restore_client(const dictionary* ini) {
     const std::uint8_t time_zone = read_byte(ini, "sntp setting:Time Zone");
     const auto query_period = static_cast<std::uint32_t>(
         read_decimal<64>(ini, "sntp setting:Time Server Query Period (Sec)"));
-    const bool manual = read_int(ini, "sntp setting:NTP Server", 0) != 0;
-    const SetServers servers = manual ? manual_server(ini) : public_servers(ini);
+    const Servers servers = read_servers(ini);
     U_SysSetMSNTP(1, time_zone, servers.server1.chars, servers.server2.chars, query_period, 0);
 }
 
