@@ -146,18 +146,21 @@ TEST_F(Security, AgentWithoutKeys) {
 
 TEST_F(Security, Communities) {
     // Number 4 lacks its type; the complete number 15 is inserted all the same.
-    const std::string document = with(good, snmp,
-                                      {{"snmp community string4", "\"lonely\""},
-                                       {"snmp community string15", "\"sixteen letters, and more\""},
-                                       {"snmp community permission type15", "258"},
-                                       {"snmp community string16", "\"beyond\""},
-                                       {"snmp community permission type16", "1"},
-                                       {"snmp v3 user name1", "\"sixteen letters, and more\""}});
+    const std::string document =
+        with(good, snmp,
+             {{"snmp community string4", "\"lonely\""},
+              {"snmp community string15", "\"fifteen letters, and more\""},
+              {"snmp community permission type15", "258"},
+              {"snmp community string16", "\"beyond\""},
+              {"snmp community permission type16", "1"},
+              {"snmp trap server community string1", "\"fifteen letters, and more\""},
+              {"snmp v3 user name1", "\"fifteen letters, and more\""}});
     EXPECT_EQ(restore_calls(document, "Community"),
               (Calls{"U_SnmpDelCommunity(\"public\")", "U_SnmpDelCommunity(\"private\")",
                      "U_SnmpInsCommunity(1, \"public\")", "U_SnmpInsCommunity(2, \"private\")",
-                     "U_SnmpInsCommunity(2, \"sixteen letters,\")"}));
-    EXPECT_EQ(calls_with(changes(), "U_SnmpInsUsm(\"sixteen letters,\", ").size(), 1U);
+                     "U_SnmpInsCommunity(2, \"fifteen letters\")"}));
+    EXPECT_EQ(calls_with(changes(), "U_SnmpInsUsm(\"fifteen letters\", ").size(), 1U);
+    EXPECT_EQ(calls_with(changes(), ", \"fifteen letters\")").size(), 2U);
 }
 
 TEST_F(Security, ChangedTrapModeInsertsTheReceiversAnew) {
@@ -238,6 +241,12 @@ TEST_F(Security, AccountErrorsOfTheDevice) {
     state().accounts.slots = {{false, "", "", 0}, {false, "ann", "", 1}};
     restore(without_section(full, password));
     EXPECT_TRUE(state().accounts.slots[0].empty) << "an empty name is removed";
+
+    // A library that does not encrypt the empty name deletes nothing of the document.
+    make_fail("account_encryptUsername:2");
+    restore(full);
+    make_fail("");
+    EXPECT_TRUE(contains(backup(), "= \"user0\""));
 
     account_t administrator = {};
     account_err_t error = ACCOUNT_ERROR_NONE;
@@ -329,8 +338,10 @@ TEST_F(Security, LoginServer) {
     // 15 characters of the address count; what they are no address of changes nothing.
     document = with(document, login_server, "server Ip/Name", "\"2001:db8::10:200\"");
     EXPECT_EQ(restore_calls(document, "AuthSrv"), Calls{});
-    document = with(document, login_server, "server Ip/Name", "\"192.168.100.2000\"");
-    EXPECT_NE(restored(document, "U_SetLoginAuthSrv(192.168.100.200,"), "");
+    for (const char* address : {"\"192.168.100.2000\"", "\"192.168.100.200:1812\""}) {
+        document = with(document, login_server, "server Ip/Name", address);
+        EXPECT_NE(restored(document, "U_SetLoginAuthSrv(192.168.100.200,"), "") << address;
+    }
 }
 
 // No field has room for a terminator then.

@@ -121,9 +121,23 @@ TEST_F(Switching, RestoreVlans) {
         {"management vlan id", {"one"}, management, "0)"},
         {"management vlan id", {"-1", nullptr}, management, ""},
         {"port1_role", {nullptr, "\"access\""}, data, "2" + behind_the_role},
-        {"port8_vlan", {nullptr, "-1"}, data, ""},
+        {"port8_vlan", {nullptr, "-1"}, data, "0" + behind_the_role}, // its own
     };
     expect_restored(good, vlan, edits);
+    // A document of fewer ports: the others keep what they have.
+    std::string fewer = with(good, vlan,
+                             {{"port7_role", nullptr},
+                              {"port7_vlan", nullptr},
+                              {"port8_role", nullptr},
+                              {"port8_vlan", nullptr}});
+    state().vlan.roles[6] = 0;
+    state().vlan.lists[6] = "20";
+    EXPECT_TRUE(contains(restored(fewer, data), R"(0 "20", 1 "1,10-12,20"})"));
+    make_fail("get_vlan_data");
+    EXPECT_EQ(restored(fewer, data), "");
+    make_fail("");
+    EXPECT_EQ(restored(without_section(good, vlan), data), "");
+    reset();
     // What the library refuses leaves the VLANs as they are, and nothing else.
     EXPECT_EQ(restore_calls(with(good, vlan, "port1_vlan", "\"x\""), "Vlan").size(), 9U);
     EXPECT_EQ(backup(), good);
@@ -141,6 +155,9 @@ TEST_F(Switching, RestoreIsolation) {
               (Calls{call + "{1,2,8}, {5,40}" + kept + "{5,40}})",
                      call + "{1,2,8}, {8}" + kept + "{5,40}})",
                      call + "{1,2,8}, {8}" + kept + "{6,8}})"}));
+    make_fail("U_FlshVlanGetPortBasedEntry");
+    EXPECT_EQ(restore_calls(document, "PortBased"), Calls{});
+    EXPECT_EQ(restore_calls(good, "PortBased").size(), 8U);
 }
 
 // A line of the longest lists does not fit the reader: its device cannot be
@@ -190,6 +207,8 @@ TEST_F(Switching, RestoreRstpBridge) {
     state().rstp.bpdu_guard_interval = 77;
     EXPECT_EQ(restored(without(good, rstp, interval), guard_set), "0, 77)");
     EXPECT_EQ(restored(with(good, rstp, {{interval, nullptr}, {guard, nullptr}}), guard_set), "");
+    make_fail("U_FlshStpGetBpduGuardCfg");
+    EXPECT_EQ(restored(without(good, rstp, interval), guard_set), "");
 }
 
 TEST_F(Switching, RestoreRstpPorts) {

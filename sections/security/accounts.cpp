@@ -68,6 +68,9 @@ void restore_account(const dictionary* ini, int slot) {
     account.access_right = read_decimal<64>(ini, EntryName("password:access_right%d", slot));
     account_addToFlash(&account, &error);
 
+    // Cleared first: a library that does not encrypt an empty name would leave the
+    // name in the record, and the account that was just added would be deleted.
+    memset(account.username, 0, sizeof account.username);
     account_encryptUsername(&account, AccountName().chars, text_size, &error);
     account_deleteFromFlash(&account, &error);
 }

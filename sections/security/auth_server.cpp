@@ -58,9 +58,11 @@ void switch_off() {
 
 constexpr char address_entry[] = "auth server setting:server Ip/Name";
 
-// The beginning of an IPv6 address may be another host's.
+constexpr std::size_t max_address_length = INET_ADDRSTRLEN - 1;
+
+// The first 15 characters of an IPv6 address may be another host's address.
 bool is_cut_ipv6_address(const char* text) {
-    return strlen(text) >= INET_ADDRSTRLEN && strchr(text, ':') != nullptr;
+    return strlen(text) > max_address_length && memchr(text, ':', max_address_length) != nullptr;
 }
 
 // An address that does not convert leaves everything as it is, the switch included.

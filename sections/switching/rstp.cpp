@@ -132,8 +132,8 @@ void restore_bridge(const dictionary* ini) {
     U_StpSetFwdAgeHello(forward_delay, maximum_age, hello_time);
 }
 
-// Both are set by one call: where one is missing it stays as the device has
-// it. An interval of -1 is a value, all 32 bits set.
+// One call sets both: a missing one stays as the device has it, and when the
+// device's cannot be read neither is set. An interval of -1 is a value, 32 one bits.
 void restore_bpdu_guard(const dictionary* ini) {
     const int enabled = read_int(ini, guard_entry, missing);
     const bool has_interval = read_string(ini, guard_interval_entry, nullptr) != nullptr;
@@ -141,8 +141,8 @@ void restore_bpdu_guard(const dictionary* ini) {
         return;
     }
     TstBpduGuardCfg stored = {};
-    if (enabled == missing || !has_interval) {
-        U_FlshStpGetBpduGuardCfg(&stored);
+    if ((enabled == missing || !has_interval) && U_FlshStpGetBpduGuardCfg(&stored) != USR_RET_OK) {
+        return;
     }
     const int interval =
         read_int(ini, guard_interval_entry, static_cast<int>(stored.ulIntervalTime));

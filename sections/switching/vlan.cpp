@@ -233,20 +233,61 @@ int check_ini_vlan(const dictionary* ini, FILE* error_file) {
 
 namespace {
 
-// False when a list is missing.
-bool read_port_vlans(const dictionary* ini, vlan_data_t& data) {
+// The roles and lists as the device has them. False when they cannot be read: the
+// operation has no result, but it sets the role of every port.
+bool read_stored_vlans(vlan_data_t& data) {
+    constexpr std::int32_t unread = -1;
+    data.portrole[0] = unread;
+    get_vlan_data(&data);
+    memset(data.min_vlan, 0, sizeof data.min_vlan); // the library's own, zero in every call
+    return data.portrole[0] != unread;
+}
+
+// Replaces a port's role and list. A list alone that is missing stays as it is.
+void read_port_vlans(const dictionary* ini, int port, vlan_data_t& data) {
+    const char* role = read_role(ini, port);
+    const char* list = read_list(ini, port);
+    if (is_absent(role) && is_absent(list)) {
+        return;
+    }
+    data.portrole[port] = role_of(role);
+    if (!is_absent(list)) {
+        memset(data.vlan_str[port], 0, sizeof data.vlan_str[port]);
+        copy_text(data.vlan_str[port], list);
+    }
+}
+
+bool has_every_list(const dictionary* ini) {
     for (int port = 0; port < vlan_ports; ++port) {
-        const char* list = read_list(ini, port);
-        if (is_absent(list)) {
+        if (is_absent(read_list(ini, port))) {
             return false;
         }
-        data.portrole[port] = role_of(read_role(ini, port));
-        copy_text(data.vlan_str[port], list);
     }
     return true;
 }
 
-// All ports at once. Without all of the lists the VLANs stay as they are.
+bool has_any_port(const dictionary* ini) {
+    for (int port = 0; port < vlan_ports; ++port) {
+        if (!is_absent(read_role(ini, port)) || !is_absent(read_list(ini, port))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// False when there is nothing to apply: no port has a key, or a key is missing
+// and the device's own cannot be read.
+bool read_vlans(const dictionary* ini, vlan_data_t& data) {
+    if (!has_any_port(ini) || !(has_every_list(ini) || read_stored_vlans(data))) {
+        return false;
+    }
+    for (int port = 0; port < vlan_ports; ++port) {
+        read_port_vlans(ini, port, data);
+    }
+    return true;
+}
+
+// All ports at once.
 void restore_port_vlans(const dictionary* ini) {
     constexpr int apply = 1;
     struct WorkBuffers {
@@ -256,7 +297,7 @@ void restore_port_vlans(const dictionary* ini) {
     };
     static WorkBuffers buffers;
     vlan_data_t data = {};
-    if (read_port_vlans(ini, data)) {
+    if (read_vlans(ini, data)) {
         memset(&buffers, 0, sizeof buffers);
         check_vlan_data(&data, buffers.msg, buffers.table, buffers.removal_list);
         set_vlan_data(&data, buffers.msg, buffers.table, buffers.removal_list, apply);
@@ -270,13 +311,24 @@ void restore_management_vlan(const dictionary* ini) {
     }
 }
 
-// The whole table is stored after each port. A port is never in its own set,
-// and one without a list keeps the set it has.
+bool has_every_isolation(const dictionary* ini) {
+    for (int port = 0; port < vlan_ports; ++port) {
+        if (is_absent(read_isolation(ini, port))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The whole table is stored after each port. A port is never in its own set, and
+// one without a list keeps the set it has. When that cannot be read, nothing is stored.
 void restore_isolation(const dictionary* ini) {
     TstLPortMask none = {};
     TstFlshVlanPortBasedEntry table = {};
     U_LPortMaskClrAll(&none);
-    U_FlshVlanGetPortBasedEntry(&table);
+    if (U_FlshVlanGetPortBasedEntry(&table) != USR_RET_OK && !has_every_isolation(ini)) {
+        return;
+    }
     for (int port = 0; port < vlan_ports; ++port) {
         const char* list = read_isolation(ini, port);
         if (!is_absent(list)) {
