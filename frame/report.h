@@ -7,6 +7,7 @@
 
 #include "frame/document.h"
 
+#include <cstdint>
 #include <initializer_list>
 
 // Writes a code, of usr_ret_e or a validator's own, and gives the value to return.
@@ -18,14 +19,20 @@ struct FaultCodes {
     int invalid;
 };
 
+// A validator's verdict is in the low 8 bits of its result: 0 refuses the value.
+template <typename Result>
+bool is_accepted(Result verdict) {
+    return static_cast<std::uint8_t>(verdict) != 0;
+}
+
 // Judges a number read with fallback -1: -1 is not found, and a number that
-// the device's validator refuses (gives 0 for) is invalid.
+// the device's validator refuses is invalid.
 template <typename Validator>
 int check_value(FILE* error_file, int value, FaultCodes codes, Validator accepts) {
     if (value == -1) {
         return report_fault(error_file, codes.not_found);
     }
-    if (!accepts(value)) {
+    if (!is_accepted(accepts(value))) {
         return report_fault(error_file, codes.invalid);
     }
     return 0;
@@ -45,7 +52,7 @@ int check_text(const dictionary* ini, FILE* error_file, const char* entry, Fault
     if (is_absent(text)) {
         return report_fault(error_file, codes.not_found);
     }
-    return accepts(text) ? 0 : report_fault(error_file, codes.invalid);
+    return is_accepted(accepts(text)) ? 0 : report_fault(error_file, codes.invalid);
 }
 
 // Judges only whether there is a number other than -1.

@@ -121,7 +121,7 @@ void generate_snmp(Generator& g, State& s) {
     g.numbers(0, 1, s.snmp.enabled, s.snmp.trap_mode);
     g.numbers(1, 3, s.snmp.version);
     g.table(s.snmp.communities, 15, [&](simulator::SnmpCommunity& entry, std::size_t i) {
-        g.name(entry.community, i, 16);
+        g.name(entry.community, i, 15);
         g.numbers(1, 2, entry.permission);
     });
     g.table(s.snmp.receivers, 15, [&](simulator::SnmpReceiver& receiver, std::size_t i) {
@@ -132,10 +132,10 @@ void generate_snmp(Generator& g, State& s) {
             memset(address.addr.v6u8 + 4, 0, 12);
         }
         receiver.port = static_cast<std::uint16_t>(g.number<std::size_t>(0, 4095) << 4 | (i + 1));
-        g.texts(1, 16, receiver.community);
+        g.texts(1, 15, receiver.community);
     });
     g.table(s.snmp.users, 2, [&](simulator::SnmpUser& user, std::size_t i) {
-        g.name(user.name, i, 16);
+        g.name(user.name, i, 15);
         g.numbers(0, 1, user.authentication, user.privacy);
         g.texts(0, 32, user.password, user.privacy_key);
     });

@@ -21,20 +21,26 @@ constexpr int max_communities = 15;
 constexpr int max_receivers = 15;
 constexpr int max_users = 2;
 
-// The device's texts may fill their fields: one byte more terminates them.
-using Community = Secret<16 + 1>;
-using UserName = Text<16 + 1>;
-using UserSecret = Secret<32 + 1>;
+constexpr std::size_t name_size = 16;    // of a community or user name, terminator included
+constexpr std::size_t secret_field = 32; // of a password or key, terminator included
+
+using Community = Secret<name_size>;
+using UserName = Text<name_size>;
+
+// What the device returns may fill its field: one byte more terminates it.
+using StoredCommunity = Secret<name_size + 1>;
+using StoredUserName = Text<name_size + 1>;
+using StoredSecret = Secret<secret_field + 1>;
 
 struct CommunityEntry {
-    Community community;
+    StoredCommunity community;
     std::uint8_t permission = 0;
 };
 
 struct Receiver {
     IP_ADDR_T address = {};
     std::uint16_t port = 0;
-    Community community;
+    StoredCommunity community;
 };
 
 std::uint16_t community_count() {
@@ -129,11 +135,11 @@ void ini_write_snmp_trap_server_community_string(FILE* ini_file) {
 
 // The two protocols are not part of the document.
 void write_user(FILE* ini_file, std::uint16_t index) {
-    UserName name;
+    StoredUserName name;
     std::uint8_t authentication = 0;
-    UserSecret password;
+    StoredSecret password;
     std::uint8_t privacy = 0;
-    UserSecret privacy_key;
+    StoredSecret privacy_key;
     U_FlshSnmpGetUsmEntry(index, name.chars, &authentication, password.chars, &privacy,
                           privacy_key.chars);
 
@@ -188,7 +194,7 @@ int check_strings(const dictionary* ini, FILE* error_file, const char* name, int
                   Validator accepts, int invalid) {
     for (int number = 1; number <= count; ++number) {
         const char* text = read_numbered_string(ini, name, number);
-        if (!is_absent(text) && !accepts(text)) {
+        if (!is_absent(text) && !is_accepted(accepts(text))) {
             return report_fault(error_file, invalid);
         }
     }
@@ -200,7 +206,7 @@ int check_numbers(const dictionary* ini, FILE* error_file, const char* name, int
                   Validator accepts, int invalid) {
     for (int number = 1; number <= count; ++number) {
         const int value = read_numbered_int(ini, name, number);
-        if (value != -1 && !accepts(value)) {
+        if (value != -1 && !is_accepted(accepts(value))) {
             return report_fault(error_file, invalid);
         }
     }

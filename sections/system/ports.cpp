@@ -85,18 +85,13 @@ int check_port_status(const dictionary* ini, FILE* error_file) {
     return 0;
 }
 
-// The validator answers in the low 8 bits.
-bool is_fibre_speed(int speed) {
-    return static_cast<std::uint8_t>(Usrmacsec_check_fiber_speed(speed)) != 0;
-}
-
 int check_port_speed(const dictionary* ini, FILE* error_file) {
     if (!has_fibre_speeds()) {
         return 0;
     }
     for (const FibrePort& fibre : fibre_ports) {
-        const int result =
-            check_number(ini, error_file, fibre.speed_entry, port_speed_codes, is_fibre_speed);
+        const int result = check_number(ini, error_file, fibre.speed_entry, port_speed_codes,
+                                        Usrmacsec_check_fiber_speed);
         if (result != 0) {
             return result;
         }
