@@ -9,9 +9,35 @@
 #include "frame/modes.h"
 #include "platform/include/start_up.h"
 
+#include <fcntl.h>
 #include <strings.h>
+#include <unistd.h>
+
+#include <csignal>
+
+namespace {
+
+// A standard stream that is closed would be the next file to be opened: the
+// report would then hold the messages meant for standard error.
+void open_standard_streams() {
+    int file = 0;
+    do {
+        file = open("/dev/null", O_RDWR);
+    } while (file >= 0 && file <= STDERR_FILENO);
+    close(file);
+}
+
+// Restore must not end halfway because nobody reads its messages any more. A
+// handler rather than SIG_IGN, which the device library's own processes would inherit.
+void outlive_readers() {
+    signal(SIGPIPE, [](int) {});
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
+    open_standard_streams();
+    outlive_readers();
     init_umdev(0);
     initdef();
     port_init();

@@ -2,6 +2,7 @@
 
 #include "frame/document.h"
 #include "frame/ini_dialect.h"
+#include "frame/report.h"
 
 #include "tests/support/switch_test.h"
 
@@ -154,4 +155,11 @@ TEST_F(Document, TakesUnusedBytesForADisguise) {
     ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
     EXPECT_EQ(text.find_first_of({bytes.backslash, bytes.double_quote, bytes.single_quote}),
               std::string::npos);
+}
+
+TEST_F(Document, VerdictsAreInTheLowEightBits) {
+    for (const auto& [verdict, accepted] :
+         {std::pair(1, true), {-1, true}, {257, true}, {0, false}, {256, false}, {-65536, false}}) {
+        EXPECT_EQ(is_accepted(verdict), accepted) << verdict;
+    }
 }

@@ -170,3 +170,17 @@ TEST_F(Process, InjectedFailure) {
         EXPECT_TRUE(contains(written, "\n0x3F(63)"));
     }
 }
+
+// The report holds the code and nothing else, and a restore is applied to its end,
+// whatever has become of the standard streams.
+TEST_F(Process, StandardStreamsThatAreGone) {
+    write_file(restore_path, with(good, "port settings", "port1", "0") + "nonsense\n");
+    const std::string tool = environment + " " SWITCH_CONFIG " ";
+    EXPECT_NE(std::system((tool + "check <&- >&- 2>&-").c_str()), 0);
+    EXPECT_EQ(read_file(report_path), "211\n");
+
+    write_file(restore_path, with(good, "port settings", "port1", "0"));
+    fs::remove(trace_path);
+    std::system(("(sleep 0.1; " + tool + "restore) 2>&1 | true").c_str());
+    EXPECT_TRUE(contains(read_file(trace_path), "U_PortSetEbl(0, 0)"));
+}
