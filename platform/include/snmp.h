@@ -69,9 +69,8 @@ unsigned short U_SnmpInsUsm(const char* name, uint8_t authentication, const char
                             uint8_t privacy, const char* privacy_key);
 
 /*
- * Validators: nonzero when acceptable; of those that return char, in the low 8
- * bits. They get the document's text as it is: the secrets of users encrypted, 32
- * or 64 hexadecimal digits.
+ * Validators: nonzero in the low 8 bits when acceptable. They get the document's
+ * text as it is: the secrets of users encrypted, 32 or 64 hexadecimal digits.
  */
 int Usrsnmp_check_snmp_enable(int enabled);
 char Usrflsh_check_snmp_version(int version);

@@ -29,7 +29,7 @@ unsigned short Ui_SystemLogSettingSet(uint8_t read_all_notification, uint16_t re
                                       uint8_t automatic_refresh,
                                       uint16_t automatic_refresh_cycle_time);
 
-/* Validators: nonzero when acceptable. */
+/* Validators: nonzero in the low 8 bits when acceptable. */
 int Usrsyslog_check_log_event_to_flash_status(int event_to_flash);
 int Usrsyslog_check_log_level(int level);
 int Usrsyslog_check_system_log_server_status(int enabled);

@@ -54,7 +54,7 @@ CONTRACT_FIELD(TstFlshVlanEntry, stTagMask, TstLPortMask, 36);
 CONTRACT_FIELD(TstFlshVlanEntry, stPTagMask, TstPPortMask, 44);
 CONTRACT_FIELD(TstFlshVlanEntry, usProtocolType, uint16_t, 52);
 
-/* Reads roles and lists of all ports. */
+/* Reads roles and lists; sets all eight roles. */
 void get_vlan_data(vlan_data_t* data);
 
 /* What check_vlan_data returns. Any other number counts as valid. */
