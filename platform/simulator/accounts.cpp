@@ -1,8 +1,8 @@
-// Choices of this switch: the stored form of a text is each byte of its 32
-// with all bits inverted, so that nothing is plain in a record; the stored
-// configuration has accounts in plain text, for those who edit it. An account
-// whose name exists replaces that one in its slot, any other goes to the first
-// empty slot. The last account with the right admin is not removed.
+// Choices of this switch: an account replaces the one of the same name; any
+// other takes the first empty slot, and a full store refuses it. The last admin
+// cannot be deleted. The stored form of a text is its 32 bytes with all bits
+// inverted, so that a record shows nothing in plain text; the state file does,
+// for those who edit it.
 
 #include "platform/include/accounts.h"
 
@@ -31,7 +31,7 @@ std::string to_plain(const Stored& stored) {
     return plain.c_str(); // up to the terminator
 }
 
-// Reads the size bytes of a text that may have no terminator.
+// Reads at most size bytes of the text.
 void encrypt(Stored& stored, const char* text, uint8_t size) {
     to_stored(stored, std::string(text, strnlen(text, size)).c_str());
 }
@@ -109,106 +109,76 @@ account_err_t remove(const account_t& record) {
 // What an operation that is made to fail reports.
 constexpr account_err_t failed = ACCOUNT_ERROR_BUFFER_EMPTY;
 
-template <typename Action, typename... Arguments>
-void report(account_err_t* error, Access access, const char* name, Action action,
-            const Arguments&... arguments) {
-    account_err_t result = failed;
-    operation(
-        access, name, [&] { result = action(); }, arguments...);
-    *error = result;
+account_err_t read_slot(uint8_t slot, account_t& account) {
+    if (slot >= max_slots) {
+        return ACCOUNT_ERROR_INVALID_INDEX;
+    }
+    if (slot >= slots().size() || slots()[slot].empty) {
+        return ACCOUNT_ERROR_ACCOUNT_NO_EXISTS;
+    }
+    const Account& stored = slots()[slot];
+    to_stored(account.username, stored.name);
+    to_stored(account.password, stored.password);
+    account.access_right = stored.access_right;
+    return ACCOUNT_ERROR_NONE;
+}
+
+void report(account_err_t* error, unsigned short result) {
+    *error = result == 0 ? ACCOUNT_ERROR_NONE : failed;
 }
 
 } // namespace
 
 void account_getFromFlash(uint8_t slot, account_t* account, account_err_t* error) {
-    report(
-        error, Access::read, "account_getFromFlash",
-        [&]() -> account_err_t {
-            if (slot >= max_slots) {
-                return ACCOUNT_ERROR_INVALID_INDEX;
-            }
-            if (slot >= slots().size() || slots()[slot].empty) {
-                return ACCOUNT_ERROR_ACCOUNT_NO_EXISTS;
-            }
-            const Account& stored = slots()[slot];
-            to_stored(account->username, stored.name);
-            to_stored(account->password, stored.password);
-            account->access_right = stored.access_right;
-            return ACCOUNT_ERROR_NONE;
-        },
-        slot);
+    *error = failed;
+    reads(call(__func__, slot), [&] { *error = read_slot(slot, *account); });
 }
 
 void account_decryptUsername(const account_t* account, char* text, uint8_t size,
                              account_err_t* error) {
-    report(
-        error, Access::read, "account_decryptUsername",
-        [&]() -> account_err_t {
-            decrypt(account->username, text, size);
-            return ACCOUNT_ERROR_NONE;
-        },
-        size);
+    report(error, reads(call(__func__, size), [&] { decrypt(account->username, text, size); }));
 }
 
 void account_decryptPassword(const account_t* account, char* text, uint8_t size,
                              account_err_t* error) {
-    report(
-        error, Access::read, "account_decryptPassword",
-        [&]() -> account_err_t {
-            decrypt(account->password, text, size);
-            return ACCOUNT_ERROR_NONE;
-        },
-        size);
+    report(error, reads(call(__func__, size), [&] { decrypt(account->password, text, size); }));
 }
 
 void account_encryptUsername(account_t* account, const char* text, uint8_t size,
                              account_err_t* error) {
-    report(
-        error, Access::read, "account_encryptUsername",
-        [&]() -> account_err_t {
-            encrypt(account->username, text, size);
-            return ACCOUNT_ERROR_NONE;
-        },
-        text, size);
+    report(error,
+           reads(call(__func__, text, size), [&] { encrypt(account->username, text, size); }));
 }
 
 void account_encryptPassword(account_t* account, const char* text, uint8_t size,
                              account_err_t* error) {
-    report(
-        error, Access::read, "account_encryptPassword",
-        [&]() -> account_err_t {
-            encrypt(account->password, text, size);
-            return ACCOUNT_ERROR_NONE;
-        },
-        text, size);
+    report(error,
+           reads(call(__func__, text, size), [&] { encrypt(account->password, text, size); }));
 }
 
 void account_addToFlash(const account_t* account, account_err_t* error) {
-    report(
-        error, Access::change, "account_addToFlash", [&] { return add(*account); },
-        written_record(*account));
+    *error = failed;
+    changes(call(__func__, written_record(*account)), [&] { *error = add(*account); });
 }
 
 void account_deleteFromFlash(const account_t* account, account_err_t* error) {
-    report(
-        error, Access::change, "account_deleteFromFlash", [&] { return remove(*account); },
-        to_plain(account->username).c_str());
+    *error = failed;
+    changes(call(__func__, to_plain(account->username).c_str()),
+            [&] { *error = remove(*account); });
 }
 
 int usrflsh_getPSWD_minLen(uint8_t* length) {
-    return reads("usrflsh_getPSWD_minLen", [&] { *length = state().accounts.minimum_length; });
+    return reads(call(__func__), [&] { *length = state().accounts.minimum_length; });
 }
 
 int usrflsh_getPSWD_maxLen(uint8_t* length) {
-    return reads("usrflsh_getPSWD_maxLen", [&] { *length = state().accounts.maximum_length; });
+    return reads(call(__func__), [&] { *length = state().accounts.maximum_length; });
 }
 
 int usrflsh_setPSWD_minLen(uint8_t length) {
-    return changes(
-        "usrflsh_setPSWD_minLen", [&] { state().accounts.minimum_length = length; }, length);
+    return changes(call(__func__, length), [&] { state().accounts.minimum_length = length; });
 }
 
 int usrflsh_setPSWD_maxLen(uint8_t length) {
-    return changes(
-        "usrflsh_setPSWD_maxLen", [&] { state().accounts.maximum_length = length; }, length);
+    return changes(call(__func__, length), [&] { state().accounts.maximum_length = length; });
 }

@@ -1,6 +1,6 @@
-// Choices of this switch: a rule replaces the one with its index. A new one
-// goes to the slot before its index (1 to slot 0, 33 to slot 32), or, when this
-// is taken or there is none, to the first empty slot.
+// Choices of this switch: a rule replaces the one with the same index. A new
+// rule takes the slot of its index (index 1 slot 0, index 33 slot 32); when that
+// is taken or does not exist, the first empty slot. A full table refuses it.
 
 #include "platform/include/acl.h"
 
@@ -19,7 +19,7 @@ AclRule rule_in(size_t slot) {
     return state().acl.rules.get(slot);
 }
 
-// The first slot with this index, or slots.
+// The first slot that holds this index, or slots when none does.
 size_t find(uint16_t index) {
     size_t slot = 0;
     while (slot < slots && rule_in(slot).index != index) {
@@ -79,28 +79,11 @@ Written written_record(const TstFlshAcl& record) {
 } // namespace
 
 uint16_t U_FlshGetAcl(uint32_t slot, TstFlshAcl* rule) {
-    return reads(
-        "U_FlshGetAcl",
-        [&] {
-            if (slot >= slots) {
-                return false;
-            }
-            *rule = record_of(rule_in(slot));
-            return true;
-        },
-        slot);
+    return reads(call(__func__, slot), slot < slots, [&] { *rule = record_of(rule_in(slot)); });
 }
 
 uint16_t U_AclInsRule(uint16_t index, TstFlshAcl* rule) {
-    return changes(
-        "U_AclInsRule",
-        [&] {
-            const size_t slot = slot_for(index);
-            if (index == 0 || slot >= slots) {
-                return false;
-            }
-            state().acl.rules.at(slot) = rule_of(index, *rule);
-            return true;
-        },
-        index, written_record(*rule));
+    const size_t slot = slot_for(index);
+    return changes(call(__func__, index, written_record(*rule)), index != 0 && slot < slots,
+                   [&] { state().acl.rules.at(slot) = rule_of(index, *rule); });
 }

@@ -11,19 +11,19 @@ namespace simulator {
 
 namespace {
 
-// The calls of an operation that are to fail, by their numbers from 1.
+// The calls of an operation that must fail, numbered from 1.
 struct FailingCalls {
     int first = 1;
     int last = INT_MAX;
 };
 
-// What is to fail, and what has been called so far.
+// By operation: the calls that must fail, and how many there were so far.
 struct Failures {
-    std::map<std::string, FailingCalls> failing; // by operation
+    std::map<std::string, FailingCalls> failing;
     std::map<std::string, int> calls;
 };
 
-// The part behind the operation's name: "", ":3" or ":3+".
+// Reads what follows an operation's name: "", ":3" or ":3+".
 FailingCalls parsed_calls(const std::string& text) {
     if (text.empty()) {
         return {};
@@ -32,10 +32,10 @@ FailingCalls parsed_calls(const std::string& text) {
     return {first, text.back() == '+' ? INT_MAX : first};
 }
 
-Failures parsed_failures(const std::string& names) {
+Failures parsed_failures(const std::string& list) {
     Failures failures;
-    std::istringstream list(names);
-    for (std::string name; std::getline(list, name, ',');) {
+    std::istringstream names(list);
+    for (std::string name; std::getline(names, name, ',');) {
         const std::size_t colon = std::min(name.find(':'), name.size());
         failures.failing[name.substr(0, colon)] = parsed_calls(name.substr(colon));
     }
@@ -50,7 +50,7 @@ std::string environment(const char* variable) {
 void trace(const std::string& line) {
     static std::ofstream file(environment("SWITCH_SIMULATOR_TRACE"), std::ios::app);
     if (file.is_open()) {
-        file << line << std::endl; // at once, so that a crash loses nothing
+        file << line << std::endl; // flushed, so that a crash loses nothing
     }
 }
 
@@ -59,15 +59,15 @@ Failures& failures() {
     return failures;
 }
 
-bool is_to_fail(const std::string& name) {
+bool must_fail(const std::string& name) {
     const int call = ++failures().calls[name];
     const auto failing = failures().failing.find(name);
     return failing != failures().failing.end() && call >= failing->second.first &&
            call <= failing->second.last;
 }
 
-// On one line, and unmistakable: quotes, backslashes and everything that is
-// not printable ASCII are escaped.
+// Escapes quotes, backslashes, and all that is not printable ASCII, so that a
+// call stays on one line.
 std::string quoted(const char* text) {
     std::ostringstream line;
     line << '"';
@@ -87,14 +87,8 @@ std::string quoted(const char* text) {
     return line.str();
 }
 
-std::string set_of_ports(const uint32_t (&words)[2]) {
-    std::string set;
-    for (unsigned port = 0; port < 64; ++port) {
-        if ((words[port / 32] >> (port % 32) & 1U) != 0) {
-            set += (set.empty() ? "" : ",") + std::to_string(port);
-        }
-    }
-    return "{" + set + "}";
+std::string set_of_ports(const PortSet& set) {
+    return written_list(set.ports()).text;
 }
 
 } // namespace
@@ -104,15 +98,19 @@ std::vector<Call>& journal() {
     return journal;
 }
 
-void make_fail(const std::string& names) {
-    failures() = parsed_failures(names);
+void make_fail(const std::string& list) {
+    failures() = parsed_failures(list);
 }
 
-bool enter(const std::string& name, Access access, const std::string& arguments) {
-    const std::string line = name + "(" + arguments + ")";
-    journal().push_back({line, access});
-    trace(line);
-    return !is_to_fail(name);
+bool enter(Call call, Access access) {
+    call.access = access;
+    journal().push_back(call);
+    trace(call.text);
+    return !must_fail(call.operation);
+}
+
+char judge(const Call& call, bool accepted) {
+    return enter(call, Access::read) && accepted ? 1 : 0;
 }
 
 std::string written(const char* text) {
@@ -124,11 +122,11 @@ std::string written(const unsigned char* text) {
 }
 
 std::string written(const TstLPortMask& mask) {
-    return set_of_ports(mask.ulMask);
+    return set_of_ports(PortSet(mask));
 }
 
 std::string written(const TstPPortMask& mask) {
-    return set_of_ports(mask.ulMask);
+    return set_of_ports(PortSet(mask));
 }
 
 std::string written(Ipv4 address) {

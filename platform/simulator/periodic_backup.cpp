@@ -16,7 +16,7 @@ Written written_record(const TstFlshPeriodic& setting) {
 } // namespace
 
 unsigned short U_GetPeriodicSetting(TstFlshPeriodic* setting) {
-    return reads("U_GetPeriodicSetting", [&] {
+    return reads(call(__func__), [&] {
         const PeriodicBackup& stored = state().periodic_backup;
         setting->backUp = static_cast<char>(stored.enabled);
         setting->tm_hour = stored.hour;
@@ -26,13 +26,10 @@ unsigned short U_GetPeriodicSetting(TstFlshPeriodic* setting) {
 }
 
 unsigned short U_SetPeriodicSetting(TstFlshPeriodic* setting) {
-    return changes(
-        "U_SetPeriodicSetting",
-        [&] {
-            state().periodic_backup = {static_cast<int8_t>(setting->backUp),
-                                       setting->tm_hour,
-                                       setting->tm_min,
-                                       {setting->serverIp}};
-        },
-        written_record(*setting));
+    return changes(call(__func__, written_record(*setting)), [&] {
+        state().periodic_backup = {static_cast<int8_t>(setting->backUp),
+                                   setting->tm_hour,
+                                   setting->tm_min,
+                                   {setting->serverIp}};
+    });
 }

@@ -1,8 +1,7 @@
-// Choices of this switch: any value is stored.
+// The choice of this switch: any value is stored.
 
 #include "platform/include/port_security.h"
 
-#include "platform/include/ports.h"
 #include "platform/simulator/gate.h"
 #include "platform/simulator/state.h"
 
@@ -26,7 +25,7 @@ Written written_record(const TstFlshPortSecMac& record) {
 } // namespace
 
 unsigned short U_FlshPortSecMacGet(TstFlshPortSecMac* record) {
-    return reads("U_FlshPortSecMacGet", [&] {
+    return reads(call(__func__), [&] {
         const auto enabled = static_cast<char>(security().enabled);
         record->gblebl = enabled;
         for (size_t port = 0; port < security().ports.size(); ++port) {
@@ -38,28 +37,19 @@ unsigned short U_FlshPortSecMacGet(TstFlshPortSecMac* record) {
 }
 
 unsigned short U_FlshPortSecMacSet(TstFlshPortSecMac* record) {
-    return changes(
-        "U_FlshPortSecMacSet",
-        [&] {
-            security().enabled = static_cast<signed char>(record->gblebl);
-            for (size_t port = 0; port < security().ports.size(); ++port) {
-                security().ports[port] = {record->port_max_mac[port].Action,
-                                          record->port_max_mac[port].MaxMac};
-            }
-        },
-        written_record(*record));
+    return changes(call(__func__, written_record(*record)), [&] {
+        security().enabled = static_cast<signed char>(record->gblebl);
+        for (size_t port = 0; port < security().ports.size(); ++port) {
+            security().ports[port] = {record->port_max_mac[port].Action,
+                                      record->port_max_mac[port].MaxMac};
+        }
+    });
 }
 
 unsigned short U_PortSecSwitchMac(uint8_t port, uint8_t enabled, char global, uint16_t maximum) {
-    return changes(
-        "U_PortSecSwitchMac",
-        [&] {
-            if (port >= g_ucMaxPhyPort || port >= security().ports.size()) {
-                return false;
-            }
-            security().enabled = static_cast<signed char>(global);
-            security().ports[port] = {enabled, maximum};
-            return true;
-        },
-        port, enabled, global, maximum);
+    return changes(call(__func__, port, enabled, global, maximum),
+                   has_port(port) && port < security().ports.size(), [&] {
+                       security().enabled = static_cast<signed char>(global);
+                       security().ports[port] = {enabled, maximum};
+                   });
 }

@@ -1,5 +1,5 @@
 // Choices of this switch: an enable flag is 0 or 1, a fibre speed code is 1
-// (100 Mbit/s) or 2 (1000 Mbit/s).
+// (100 Mbit/s) or 2 (1000 Mbit/s), and a port that does not exist has mode NA1.
 
 #include "platform/include/ports.h"
 
@@ -17,53 +17,34 @@ Indexed<Port> simulator::factory_ports() {
 }
 
 uint8_t U_PortGetMode(uint8_t port) {
-    return answers(
-        "U_PortGetMode", static_cast<uint8_t>(LAN_PORT_MODE_NA1),
-        [&] { return state().ports.ports.get(port).mode; }, port);
+    constexpr uint8_t none = LAN_PORT_MODE_NA1;
+    return answers(call(__func__, port), none,
+                   [&] { return has_port(port) ? state().ports.ports.get(port).mode : none; });
 }
 
 unsigned short U_FlshPortGetEbl(uint8_t port, char* enabled) {
-    return reads(
-        "U_FlshPortGetEbl",
-        [&] {
-            if (port >= g_ucMaxPhyPort) {
-                return false;
-            }
-            *enabled = static_cast<char>(state().ports.ports.get(port).enabled);
-            return true;
-        },
-        port);
+    return reads(call(__func__, port), has_port(port),
+                 [&] { *enabled = static_cast<char>(state().ports.ports.get(port).enabled); });
 }
 
 unsigned short U_PortSetEbl(uint8_t port, char enabled) {
-    return changes(
-        "U_PortSetEbl",
-        [&] {
-            if (port >= g_ucMaxPhyPort) {
-                return false;
-            }
-            state().ports.ports.at(port).enabled = static_cast<signed char>(enabled);
-            return true;
-        },
-        port, enabled);
+    return changes(call(__func__, port, enabled), has_port(port), [&] {
+        state().ports.ports.at(port).enabled = static_cast<signed char>(enabled);
+    });
 }
 
 int U_PortSetSWreset(void) {
-    return changes("U_PortSetSWreset", [] {});
+    return changes(call(__func__), [] {});
 }
 
 int set_fiber_speed(int port, int speed) {
-    return changes(
-        "set_fiber_speed", [&] { return port >= 0 && port < g_ucMaxPhyPort; }, port, speed);
+    return changes(call(__func__, port, speed), has_port(port), [] {});
 }
 
 char Usrflsh_check_port_enable_status(int enabled) {
-    return answers(
-        "Usrflsh_check_port_enable_status", char{0},
-        [&] { return static_cast<char>(enabled == 0 || enabled == 1); }, enabled);
+    return judge(call(__func__, enabled), enabled == 0 || enabled == 1);
 }
 
 int Usrmacsec_check_fiber_speed(int speed) {
-    return answers(
-        "Usrmacsec_check_fiber_speed", 0, [&] { return speed == 1 || speed == 2 ? 1 : 0; }, speed);
+    return judge(call(__func__, speed), speed == 1 || speed == 2);
 }

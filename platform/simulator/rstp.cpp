@@ -1,10 +1,9 @@
-// Choices of this switch: any value is stored. Timers, root guard and BPDU
-// filter as they are applied to the chip are not remembered; the two flags
-// have a stored record for that.
+// Choices of this switch: any value is stored. What is applied to the chip alone,
+// the timers, root guard and BPDU filter, is not kept; the stored record of a port
+// keeps the last two.
 
 #include "platform/include/rstp.h"
 
-#include "platform/include/ports.h"
 #include "platform/simulator/gate.h"
 #include "platform/simulator/state.h"
 
@@ -28,142 +27,106 @@ Rstp& rstp() {
     return state().rstp;
 }
 
-// An operation on a port, which gives a fault for one that does not exist.
-template <typename Action, typename... Arguments>
-unsigned short on_port(Access access, const char* name, uint8_t port, Action action,
-                       const Arguments&... arguments) {
-    return operation(
-        access, name,
-        [&] {
-            if (port >= g_ucMaxPhyPort) {
-                return false;
-            }
-            action();
-            return true;
-        },
-        port, arguments...);
-}
-
-template <typename Action>
-unsigned short reads_port(const char* name, uint8_t port, Action action) {
-    return on_port(Access::read, name, port, [&] { action(rstp().ports.get(port)); });
-}
-
-template <typename Action>
-unsigned short changes_port(const char* name, uint8_t port, char value, Action action) {
-    return on_port(
-        Access::change, name, port,
-        [&] { action(rstp().ports.at(port), static_cast<signed char>(value)); }, value);
+void report(stp_rstp_err_t* error, unsigned short result) {
+    *error = result == 0 ? STP_RSTP_NO_ERROR : STP_RSTP_PORT_ID_WRONG;
 }
 
 } // namespace
 
 unsigned short U_StpGetEbl(char* enabled) {
-    return reads("U_StpGetEbl", [&] { *enabled = static_cast<char>(rstp().enabled); });
+    return reads(call(__func__), [&] { *enabled = static_cast<char>(rstp().enabled); });
 }
 
 unsigned short U_StpSetEbl(char enabled) {
-    return changes(
-        "U_StpSetEbl", [&] { rstp().enabled = static_cast<signed char>(enabled); }, enabled);
+    return changes(call(__func__, enabled),
+                   [&] { rstp().enabled = static_cast<signed char>(enabled); });
 }
 
 unsigned short U_StpGetForceVersion(uint8_t* version) {
-    return reads("U_StpGetForceVersion", [&] { *version = rstp().version; });
+    return reads(call(__func__), [&] { *version = rstp().version; });
 }
 
 unsigned short U_StpSetForceVersion(uint8_t version) {
-    return changes(
-        "U_StpSetForceVersion", [&] { rstp().version = version; }, version);
+    return changes(call(__func__, version), [&] { rstp().version = version; });
 }
 
 unsigned short U_StpGetPriority(uint16_t* priority) {
-    return reads("U_StpGetPriority", [&] { *priority = rstp().priority; });
+    return reads(call(__func__), [&] { *priority = rstp().priority; });
 }
 
 unsigned short U_StpSetPriority(uint16_t priority) {
-    return changes(
-        "U_StpSetPriority", [&] { rstp().priority = priority; }, priority);
+    return changes(call(__func__, priority), [&] { rstp().priority = priority; });
 }
 
 unsigned short U_StpSetFwdAgeHello(uint8_t forward_delay, uint8_t maximum_age, uint8_t hello_time) {
-    return changes(
-        "U_StpSetFwdAgeHello", [] {}, forward_delay, maximum_age, hello_time);
+    return changes(call(__func__, forward_delay, maximum_age, hello_time), [] {});
 }
 
 unsigned short U_FlshStpGetBpduGuardCfg(TstBpduGuardCfg* guard) {
-    return reads("U_FlshStpGetBpduGuardCfg", [&] {
-        *guard = {rstp().bpdu_guard, rstp().bpdu_guard_interval};
-    });
+    return reads(call(__func__), [&] { *guard = {rstp().bpdu_guard, rstp().bpdu_guard_interval}; });
 }
 
 unsigned short U_StpSetBpduGuardCfg(char enabled, uint32_t interval) {
-    return changes(
-        "U_StpSetBpduGuardCfg",
-        [&] {
-            rstp().bpdu_guard = static_cast<uint8_t>(enabled);
-            rstp().bpdu_guard_interval = interval;
-        },
-        enabled, interval);
+    return changes(call(__func__, enabled, interval), [&] {
+        rstp().bpdu_guard = static_cast<uint8_t>(enabled);
+        rstp().bpdu_guard_interval = interval;
+    });
 }
 
 unsigned short U_FlshStpGetPortEdge(uint8_t port, char* edge) {
-    return reads_port("U_FlshStpGetPortEdge", port,
-                      [&](const RstpPort& stored) { *edge = static_cast<char>(stored.edge); });
+    return reads(call(__func__, port), has_port(port),
+                 [&] { *edge = static_cast<char>(rstp().ports.get(port).edge); });
 }
 
 unsigned short U_FlshStpSetPortEdge(uint8_t port, char edge) {
-    return changes_port("U_FlshStpSetPortEdge", port, edge,
-                        [](RstpPort& stored, signed char value) { stored.edge = value; });
+    return changes(call(__func__, port, edge), has_port(port),
+                   [&] { rstp().ports.at(port).edge = static_cast<signed char>(edge); });
 }
 
 unsigned short U_FlshStpGetPortNonstp(uint8_t port, char* excluded) {
-    return reads_port("U_FlshStpGetPortNonstp", port, [&](const RstpPort& stored) {
-        *excluded = static_cast<char>(stored.excluded);
-    });
+    return reads(call(__func__, port), has_port(port),
+                 [&] { *excluded = static_cast<char>(rstp().ports.get(port).excluded); });
 }
 
 unsigned short U_StpSetPortNonstp(uint8_t port, char excluded) {
-    return changes_port("U_StpSetPortNonstp", port, excluded,
-                        [](RstpPort& stored, signed char value) { stored.excluded = value; });
+    return changes(call(__func__, port, excluded), has_port(port),
+                   [&] { rstp().ports.at(port).excluded = static_cast<signed char>(excluded); });
 }
 
 unsigned short U_FlshStpGetBpduGuardPortState(TstBpduGuardPortState* guard) {
-    return reads_port("U_FlshStpGetBpduGuardPortState", guard->ucPortId,
-                      [&](const RstpPort& stored) {
-                          guard->bBpduGuardEbl = static_cast<char>(stored.bpdu_guard);
-                          guard->bStateIsDisabled = 0;
-                      });
+    const uint8_t port = guard->ucPortId;
+    return reads(call(__func__, port), has_port(port), [&] {
+        guard->bBpduGuardEbl = static_cast<char>(rstp().ports.get(port).bpdu_guard);
+        guard->bStateIsDisabled = 0;
+    });
 }
 
 unsigned short U_StpSetPortBpduGuardEbl(uint8_t port, char enabled) {
-    return changes_port("U_StpSetPortBpduGuardEbl", port, enabled,
-                        [](RstpPort& stored, signed char value) { stored.bpdu_guard = value; });
+    return changes(call(__func__, port, enabled), has_port(port),
+                   [&] { rstp().ports.at(port).bpdu_guard = static_cast<signed char>(enabled); });
 }
 
 unsigned short U_StpSetPortRootGuard(uint8_t port, char enabled) {
-    return changes_port("U_StpSetPortRootGuard", port, enabled, [](RstpPort&, signed char) {});
+    return changes(call(__func__, port, enabled), has_port(port), [] {});
 }
 
 unsigned short U_StpSetPortBpduFilter(uint8_t port, char enabled) {
-    return changes_port("U_StpSetPortBpduFilter", port, enabled, [](RstpPort&, signed char) {});
+    return changes(call(__func__, port, enabled), has_port(port), [] {});
 }
 
 void stp_rstp_getFromFlash(stp_rstp_t* protection, uint8_t port, stp_rstp_err_t* error) {
-    const auto result = reads_port("stp_rstp_getFromFlash", port, [&](const RstpPort& stored) {
-        *protection = {};
-        protection->bpdu_filter = stored.bpdu_filter;
-        protection->root_guard = stored.root_guard;
-    });
-    *error = result == 0 ? STP_RSTP_NO_ERROR : STP_RSTP_PORT_ID_WRONG;
+    report(error, reads(call(__func__, port), has_port(port), [&] {
+               *protection = {};
+               protection->bpdu_filter = rstp().ports.get(port).bpdu_filter;
+               protection->root_guard = rstp().ports.get(port).root_guard;
+           }));
 }
 
 void stp_rstp_setToFlash(const stp_rstp_t* protection, uint8_t port, stp_rstp_err_t* error) {
-    const auto store = [&] {
-        rstp().ports.at(port).bpdu_filter = protection->bpdu_filter;
-        rstp().ports.at(port).root_guard = protection->root_guard;
-    };
     const Written record{"stp_rstp_t{bpdu_filter=" + written(protection->bpdu_filter) +
                          ", root_guard=" + written(protection->root_guard) + "}"};
-    const auto result = on_port(Access::change, "stp_rstp_setToFlash", port, store, record);
-    *error = result == 0 ? STP_RSTP_NO_ERROR : STP_RSTP_PORT_ID_WRONG;
+    report(error, changes(call(__func__, port, record), has_port(port), [&] {
+               rstp().ports.at(port).bpdu_filter = protection->bpdu_filter;
+               rstp().ports.at(port).root_guard = protection->root_guard;
+           }));
 }

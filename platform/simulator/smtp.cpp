@@ -10,76 +10,78 @@ namespace {
 constexpr size_t text_size = 32;
 constexpr size_t password_size = 16;
 
-unsigned short read_text(const char* name, const Field<text_size>& field, uint8_t* text,
-                         uint8_t size) {
-    return reads(
-        name, [&] { field.copy_to(text, size); }, size);
+Smtp& smtp() {
+    return state().smtp;
 }
 
-unsigned short set_text(const char* name, Field<text_size>& field, const uint8_t* text) {
-    return changes(
-        name, [&] { field.assign(reinterpret_cast<const char*>(text)); }, text);
+const char* plain(const uint8_t* text) {
+    return reinterpret_cast<const char*>(text);
+}
+
+unsigned short read_text(const Call& call, const Field<text_size>& field, uint8_t* text,
+                         uint8_t size) {
+    return reads(call, [&] { field.copy_to(text, size); });
+}
+
+unsigned short set_text(const Call& call, Field<text_size>& field, const uint8_t* text) {
+    return changes(call, [&] { field.assign(plain(text)); });
 }
 
 } // namespace
 
 unsigned short U_FlshSmtpGetServer(uint8_t* server, uint8_t size) {
-    return read_text("U_FlshSmtpGetServer", state().smtp.server, server, size);
+    return read_text(call(__func__, size), smtp().server, server, size);
 }
 
 unsigned short U_FlshSmtpSetServer(const uint8_t* server) {
-    return set_text("U_FlshSmtpSetServer", state().smtp.server, server);
+    return set_text(call(__func__, server), smtp().server, server);
 }
 
 unsigned short U_FlshSmtpGetSendAdd(uint8_t* sender, uint8_t size) {
-    return read_text("U_FlshSmtpGetSendAdd", state().smtp.sender, sender, size);
+    return read_text(call(__func__, size), smtp().sender, sender, size);
 }
 
 unsigned short U_FlshSmtpSetSendAdd(const uint8_t* sender) {
-    return set_text("U_FlshSmtpSetSendAdd", state().smtp.sender, sender);
+    return set_text(call(__func__, sender), smtp().sender, sender);
 }
 
 unsigned short U_FlshSmtpGetSubject(uint8_t* subject, uint8_t size) {
-    return read_text("U_FlshSmtpGetSubject", state().smtp.subject, subject, size);
+    return read_text(call(__func__, size), smtp().subject, subject, size);
 }
 
 unsigned short U_FlshSmtpSetSubject(const uint8_t* subject) {
-    return set_text("U_FlshSmtpSetSubject", state().smtp.subject, subject);
+    return set_text(call(__func__, subject), smtp().subject, subject);
 }
 
 unsigned short U_FlshSmtpGetUnamePwd(char* authentication, uint8_t* username, uint8_t* password) {
-    return reads("U_FlshSmtpGetUnamePwd", [&] {
-        *authentication = static_cast<char>(state().smtp.authentication);
-        state().smtp.username.copy_to(username, text_size);
-        state().smtp.password.copy_to(password, password_size);
+    return reads(call(__func__), [&] {
+        *authentication = static_cast<char>(smtp().authentication);
+        smtp().username.copy_to(username, text_size);
+        smtp().password.copy_to(password, password_size);
     });
 }
 
 unsigned short U_FlshSmtpSetUnamePwd(char authentication, const uint8_t* username,
                                      const uint8_t* password) {
-    return changes(
-        "U_FlshSmtpSetUnamePwd",
-        [&] {
-            state().smtp.authentication = static_cast<signed char>(authentication);
-            state().smtp.username.assign(reinterpret_cast<const char*>(username));
-            state().smtp.password.assign(reinterpret_cast<const char*>(password));
-        },
-        authentication, username, password);
+    return changes(call(__func__, authentication, username, password), [&] {
+        smtp().authentication = static_cast<signed char>(authentication);
+        smtp().username.assign(plain(username));
+        smtp().password.assign(plain(password));
+    });
 }
 
 unsigned short U_FlshSmtpGetTLS(char* tls) {
-    return reads("U_FlshSmtpGetTLS", [&] { *tls = static_cast<char>(state().smtp.tls); });
+    return reads(call(__func__), [&] { *tls = static_cast<char>(smtp().tls); });
 }
 
 unsigned short U_FlshSmtpSetTLS(char tls) {
-    return changes(
-        "U_FlshSmtpSetTLS", [&] { state().smtp.tls = static_cast<signed char>(tls); }, tls);
+    return changes(call(__func__, tls), [&] { smtp().tls = static_cast<signed char>(tls); });
 }
 
 unsigned short U_FlshSmtpGetRecAdd(uint8_t* recipient1, uint8_t* recipient2, uint8_t* recipient3,
                                    uint8_t* recipient4) {
-    return reads("U_FlshSmtpGetRecAdd", [&] {
-        const auto& recipients = state().smtp.recipients;
+    return reads(call(__func__), [&] {
+        const auto& recipients = smtp().recipients;
         recipients[0].copy_to(recipient1, text_size);
         recipients[1].copy_to(recipient2, text_size);
         recipients[2].copy_to(recipient3, text_size);
@@ -89,18 +91,15 @@ unsigned short U_FlshSmtpGetRecAdd(uint8_t* recipient1, uint8_t* recipient2, uin
 
 unsigned short U_FlshSmtpSetRecAdd(const uint8_t* recipient1, const uint8_t* recipient2,
                                    const uint8_t* recipient3, const uint8_t* recipient4) {
-    return changes(
-        "U_FlshSmtpSetRecAdd",
-        [&] {
-            auto& recipients = state().smtp.recipients;
-            recipients[0].assign(reinterpret_cast<const char*>(recipient1));
-            recipients[1].assign(reinterpret_cast<const char*>(recipient2));
-            recipients[2].assign(reinterpret_cast<const char*>(recipient3));
-            recipients[3].assign(reinterpret_cast<const char*>(recipient4));
-        },
-        recipient1, recipient2, recipient3, recipient4);
+    return changes(call(__func__, recipient1, recipient2, recipient3, recipient4), [&] {
+        auto& recipients = smtp().recipients;
+        recipients[0].assign(plain(recipient1));
+        recipients[1].assign(plain(recipient2));
+        recipients[2].assign(plain(recipient3));
+        recipients[3].assign(plain(recipient4));
+    });
 }
 
 unsigned short U_SysSetRelayConfig(void) {
-    return changes("U_SysSetRelayConfig", [] {});
+    return changes(call(__func__), [] {});
 }

@@ -1,9 +1,11 @@
-// Choices of this switch: versions 1 to 3, permission types 1 (read only) and
-// 2 (read and write), texts of 1 to 15 characters, receivers with an IPv4 or
-// IPv6 address and a port of at least 1, secrets of 32 or 64 hexadecimal
-// digits. A community or receiver that exists is not added again; a user that
-// exists is replaced, and a third one is refused. The running and the stored receivers are the
-// same.
+// Choices of this switch:
+//  - Versions 1 to 3, permission types 1 (read) and 2 (read and write), names of
+//    at least 1 character, receiver ports from 1, and encrypted secrets of 32 or
+//    64 hexadecimal digits are accepted. A text longer than its field is cut.
+//  - A community or receiver that is in its table is not added again; a v3 user
+//    replaces the one of the same name. A full table (15 communities, 15
+//    receivers, 2 users) refuses another entry.
+//  - The running receivers are the stored ones.
 
 #include "platform/include/snmp.h"
 
@@ -26,45 +28,54 @@ Snmp& snmp() {
     return state().snmp;
 }
 
-unsigned short read_receiver(const char* name, uint16_t index, IP_ADDR_T* address, uint16_t* port,
+auto find_community(const char* community) {
+    auto& entries = snmp().communities;
+    return std::find_if(entries.begin(), entries.end(), [&](const SnmpCommunity& entry) {
+        return entry.community.text() == community;
+    });
+}
+
+unsigned short read_receiver(const Call& call, uint16_t index, IP_ADDR_T* address, uint16_t* port,
                              char* community) {
-    return reads(
-        name,
-        [&] {
-            if (index >= snmp().receivers.size()) {
-                return false;
-            }
-            const SnmpReceiver& receiver = snmp().receivers[index];
-            *address = receiver.address.record;
-            *port = receiver.port;
-            receiver.community.copy_to(community, short_text);
-            return true;
-        },
-        index);
+    return reads(call, index < snmp().receivers.size(), [&] {
+        const SnmpReceiver& receiver = snmp().receivers[index];
+        *address = receiver.address.record;
+        *port = receiver.port;
+        receiver.community.copy_to(community, short_text);
+    });
 }
 
 auto find_receiver(const IP_ADDR_T& address, uint16_t port) {
-    return std::find_if(snmp().receivers.begin(), snmp().receivers.end(), [&](const auto& entry) {
+    auto& entries = snmp().receivers;
+    return std::find_if(entries.begin(), entries.end(), [&](const SnmpReceiver& entry) {
         return address_text(entry.address.record) == address_text(address) && entry.port == port;
     });
 }
 
-unsigned short insert_receiver(const char* name, const IP_ADDR_T* address, uint16_t port,
+unsigned short insert_receiver(const Call& call, const IP_ADDR_T* address, uint16_t port,
                                const char* community) {
-    return changes(
-        name,
-        [&] {
-            if (snmp().receivers.size() >= max_receivers ||
-                find_receiver(*address, port) != snmp().receivers.end()) {
-                return false;
-            }
-            snmp().receivers.push_back({{*address}, port, community});
-            return true;
-        },
-        *address, port, community);
+    auto& entries = snmp().receivers;
+    const bool is_new = find_receiver(*address, port) == entries.end();
+    return changes(call, is_new && entries.size() < max_receivers, [&] {
+        entries.push_back({{*address}, port, community});
+    });
 }
 
-bool has_text(const char* text) {
+bool insert_user(const SnmpUser& user) {
+    auto& users = snmp().users;
+    const auto found = std::find_if(users.begin(), users.end(),
+                                    [&](const SnmpUser& old) { return old.name == user.name; });
+    if (found != users.end()) {
+        *found = user;
+    } else if (users.size() < max_users) {
+        users.push_back(user);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool is_name(const char* text) {
     const size_t length = strlen(text);
     return length >= 1 && length < short_text;
 }
@@ -75,224 +86,152 @@ bool is_encrypted_text(const char* text) {
            std::all_of(text, text + length, [](char digit) { return hex_digit(digit) >= 0; });
 }
 
-template <typename Result, typename Value, typename Predicate>
-Result judge(const char* name, Value value, Predicate accepts) {
-    return answers(
-        name, Result{0}, [&] { return static_cast<Result>(accepts(value) ? 1 : 0); }, value);
-}
-
 } // namespace
 
 unsigned short U_SnmpGetEbl(char* enabled) {
-    return reads("U_SnmpGetEbl", [&] { *enabled = static_cast<char>(snmp().enabled); });
+    return reads(call(__func__), [&] { *enabled = static_cast<char>(snmp().enabled); });
 }
 
 unsigned short U_SnmpSetEbl(char enabled) {
-    return changes(
-        "U_SnmpSetEbl", [&] { snmp().enabled = static_cast<signed char>(enabled); }, enabled);
+    return changes(call(__func__, enabled),
+                   [&] { snmp().enabled = static_cast<signed char>(enabled); });
 }
 
 unsigned short U_FlshSnmpGetVer(uint8_t* version) {
-    return reads("U_FlshSnmpGetVer", [&] { *version = snmp().version; });
+    return reads(call(__func__), [&] { *version = snmp().version; });
 }
 
 unsigned short U_FlshSnmpSetVer(int version) {
-    return changes(
-        "U_FlshSnmpSetVer", [&] { snmp().version = static_cast<uint8_t>(version); }, version);
+    return changes(call(__func__, version),
+                   [&] { snmp().version = static_cast<uint8_t>(version); });
 }
 
 unsigned short U_SnmpGetCommunitySize(uint16_t* count) {
-    return reads("U_SnmpGetCommunitySize",
+    return reads(call(__func__),
                  [&] { *count = static_cast<uint16_t>(snmp().communities.size()); });
 }
 
 unsigned short U_SnmpGetCommunityEntry(uint16_t index, uint8_t* permission, char* community) {
-    return reads(
-        "U_SnmpGetCommunityEntry",
-        [&] {
-            if (index >= snmp().communities.size()) {
-                return false;
-            }
-            *permission = snmp().communities[index].permission;
-            snmp().communities[index].community.copy_to(community, short_text);
-            return true;
-        },
-        index);
+    return reads(call(__func__, index), index < snmp().communities.size(), [&] {
+        *permission = snmp().communities[index].permission;
+        snmp().communities[index].community.copy_to(community, short_text);
+    });
 }
 
 unsigned short U_SnmpInsCommunity(uint8_t permission, const char* community) {
-    return changes(
-        "U_SnmpInsCommunity",
-        [&] {
-            const Field<16> text = community;
-            const bool exists =
-                std::any_of(snmp().communities.begin(), snmp().communities.end(),
-                            [&](const auto& entry) { return entry.community == text; });
-            if (exists || snmp().communities.size() >= max_communities) {
-                return false;
-            }
-            snmp().communities.push_back({text, permission});
-            return true;
-        },
-        permission, community);
+    auto& entries = snmp().communities;
+    const SnmpCommunity added{community, permission};
+    const bool is_new = find_community(added.community.bytes.data()) == entries.end();
+    return changes(call(__func__, permission, community),
+                   is_new && entries.size() < max_communities, [&] { entries.push_back(added); });
 }
 
 unsigned short U_SnmpDelCommunity(const char* community) {
-    return changes(
-        "U_SnmpDelCommunity",
-        [&] {
-            auto& entries = snmp().communities;
-            const auto found = std::find_if(entries.begin(), entries.end(), [&](const auto& entry) {
-                return entry.community.text() == community;
-            });
-            if (found == entries.end()) {
-                return false;
-            }
-            entries.erase(found);
-            return true;
-        },
-        community);
+    const auto found = find_community(community);
+    return changes(call(__func__, community), found != snmp().communities.end(),
+                   [&] { snmp().communities.erase(found); });
 }
 
 unsigned short U_FlshSnmpGetMode(uint8_t* mode) {
-    return reads("U_FlshSnmpGetMode", [&] { *mode = snmp().trap_mode; });
+    return reads(call(__func__), [&] { *mode = snmp().trap_mode; });
 }
 
 unsigned short U_FlshSnmpSetMode(int mode) {
-    return changes(
-        "U_FlshSnmpSetMode", [&] { snmp().trap_mode = static_cast<uint8_t>(mode); }, mode);
+    return changes(call(__func__, mode), [&] { snmp().trap_mode = static_cast<uint8_t>(mode); });
 }
 
 unsigned short U_SnmpGetTrapSize(uint16_t* count) {
-    return reads("U_SnmpGetTrapSize",
-                 [&] { *count = static_cast<uint16_t>(snmp().receivers.size()); });
+    return reads(call(__func__), [&] { *count = static_cast<uint16_t>(snmp().receivers.size()); });
 }
 
 unsigned short U_SnmpGetTrapIpv6Entry(uint16_t index, IP_ADDR_T* address, uint16_t* port,
                                       char* community) {
-    return read_receiver("U_SnmpGetTrapIpv6Entry", index, address, port, community);
+    return read_receiver(call(__func__, index), index, address, port, community);
 }
 
 unsigned short U_FlshSnmpGetTrapIpv6Entry(uint16_t index, IP_ADDR_T* address, uint16_t* port,
                                           char* community) {
-    return read_receiver("U_FlshSnmpGetTrapIpv6Entry", index, address, port, community);
+    return read_receiver(call(__func__, index), index, address, port, community);
 }
 
 unsigned short U_SnmpInsTrapIpv6(const IP_ADDR_T* address, uint16_t port, const char* community) {
-    return insert_receiver("U_SnmpInsTrapIpv6", address, port, community);
+    return insert_receiver(call(__func__, *address, port, community), address, port, community);
 }
 
 unsigned short U_SnmpInsInformIpv6(const IP_ADDR_T* address, uint16_t port, const char* community) {
-    return insert_receiver("U_SnmpInsInformIpv6", address, port, community);
+    return insert_receiver(call(__func__, *address, port, community), address, port, community);
 }
 
 unsigned short U_SnmpDelTrapIpv6(const IP_ADDR_T* address, uint16_t port) {
-    return changes(
-        "U_SnmpDelTrapIpv6",
-        [&] {
-            const auto found = find_receiver(*address, port);
-            if (found == snmp().receivers.end()) {
-                return false;
-            }
-            snmp().receivers.erase(found);
-            return true;
-        },
-        *address, port);
+    const auto found = find_receiver(*address, port);
+    return changes(call(__func__, *address, port), found != snmp().receivers.end(),
+                   [&] { snmp().receivers.erase(found); });
 }
 
 unsigned short U_SnmpGetUsmSize(uint16_t* count) {
-    return reads("U_SnmpGetUsmSize", [&] { *count = static_cast<uint16_t>(snmp().users.size()); });
+    return reads(call(__func__), [&] { *count = static_cast<uint16_t>(snmp().users.size()); });
 }
 
 unsigned short U_FlshSnmpGetUsmEntry(uint16_t index, char* name, uint8_t* authentication,
                                      char* password, uint8_t* privacy, char* privacy_key) {
-    return reads(
-        "U_FlshSnmpGetUsmEntry",
-        [&] {
-            if (index >= snmp().users.size()) {
-                return false;
-            }
-            const SnmpUser& user = snmp().users[index];
-            user.name.copy_to(name, short_text);
-            *authentication = user.authentication;
-            user.password.copy_to(password, secret_text);
-            *privacy = user.privacy;
-            user.privacy_key.copy_to(privacy_key, secret_text);
-            return true;
-        },
-        index);
+    return reads(call(__func__, index), index < snmp().users.size(), [&] {
+        const SnmpUser& user = snmp().users[index];
+        user.name.copy_to(name, short_text);
+        *authentication = user.authentication;
+        user.password.copy_to(password, secret_text);
+        *privacy = user.privacy;
+        user.privacy_key.copy_to(privacy_key, secret_text);
+    });
 }
 
 unsigned short U_SnmpInsUsm(const char* name, uint8_t authentication, const char* password,
                             uint8_t privacy, const char* privacy_key) {
-    return changes(
-        "U_SnmpInsUsm",
-        [&] {
-            const SnmpUser user{name, authentication, password, privacy, privacy_key};
-            auto& users = snmp().users;
-            const auto found = std::find_if(users.begin(), users.end(),
-                                            [&](const auto& old) { return old.name == user.name; });
-            if (found != users.end()) {
-                *found = user;
-                return true;
-            }
-            if (users.size() >= max_users) {
-                return false;
-            }
-            users.push_back(user);
-            return true;
-        },
-        name, authentication, password, privacy, privacy_key);
-}
-
-int Usrsnmp_check_snmp_enable(int enabled) {
-    return judge<int>("Usrsnmp_check_snmp_enable", enabled,
-                      [](int value) { return value == 0 || value == 1; });
-}
-
-char Usrflsh_check_snmp_version(int version) {
-    return judge<char>("Usrflsh_check_snmp_version", version,
-                       [](int value) { return value >= 1 && value <= 3; });
-}
-
-int Usrsnmp_check_community_string(const char* community) {
-    return judge<int>("Usrsnmp_check_community_string", community, has_text);
-}
-
-int Usrsnmp_check_community_permission_type(int permission) {
-    return judge<int>("Usrsnmp_check_community_permission_type", permission,
-                      [](int value) { return value == 1 || value == 2; });
-}
-
-char Usrflsh_check_snmp_trap_mode(int mode) {
-    return judge<char>("Usrflsh_check_snmp_trap_mode", mode, [](int value) {
-        return value == USR_SNMP_TRAP_MODE_TRAP || value == USR_SNMP_TRAP_MODE_INFORM;
+    return changes(call(__func__, name, authentication, password, privacy, privacy_key), [&] {
+        return insert_user({name, authentication, password, privacy, privacy_key});
     });
 }
 
+int Usrsnmp_check_snmp_enable(int enabled) {
+    return judge(call(__func__, enabled), enabled == 0 || enabled == 1);
+}
+
+char Usrflsh_check_snmp_version(int version) {
+    return judge(call(__func__, version), version >= 1 && version <= 3);
+}
+
+int Usrsnmp_check_community_string(const char* community) {
+    return judge(call(__func__, community), is_name(community));
+}
+
+int Usrsnmp_check_community_permission_type(int permission) {
+    return judge(call(__func__, permission), permission == 1 || permission == 2);
+}
+
+char Usrflsh_check_snmp_trap_mode(int mode) {
+    return judge(call(__func__, mode),
+                 mode == USR_SNMP_TRAP_MODE_TRAP || mode == USR_SNMP_TRAP_MODE_INFORM);
+}
+
 int Usrsnmp_check_trap_server_ip(const char* address) {
-    return judge<int>("Usrsnmp_check_trap_server_ip", address,
-                      [](const char* text) { return address_from(text).has_value(); });
+    return judge(call(__func__, address), address_from(address).has_value());
 }
 
 int Usrsnmp_check_trap_server_port(int port) {
-    return judge<int>("Usrsnmp_check_trap_server_port", port,
-                      [](int value) { return value >= 1 && value <= 65535; });
+    return judge(call(__func__, port), port >= 1 && port <= 65535);
 }
 
 int Usrsnmp_check_trap_community_string(const char* community) {
-    return judge<int>("Usrsnmp_check_trap_community_string", community, has_text);
+    return judge(call(__func__, community), is_name(community));
 }
 
 char Usrflsh_check_snmpV3_userName(const char* name) {
-    return judge<char>("Usrflsh_check_snmpV3_userName", name, has_text);
+    return judge(call(__func__, name), is_name(name));
 }
 
 char Usrflsh_check_snmpV3_authentication_password(const char* encrypted_text) {
-    return judge<char>("Usrflsh_check_snmpV3_authentication_password", encrypted_text,
-                       is_encrypted_text);
+    return judge(call(__func__, encrypted_text), is_encrypted_text(encrypted_text));
 }
 
 char Usrflsh_check_snmpV3_encryption_key(const char* encrypted_text) {
-    return judge<char>("Usrflsh_check_snmpV3_encryption_key", encrypted_text, is_encrypted_text);
+    return judge(call(__func__, encrypted_text), is_encrypted_text(encrypted_text));
 }

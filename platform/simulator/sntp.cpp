@@ -17,7 +17,7 @@ Sntp& sntp() {
 
 unsigned short U_SysGetMSNTP(char* client_enabled, uint8_t* time_zone, char* server1, char* server2,
                              unsigned long* query_period) {
-    return reads("U_SysGetMSNTP", [&] {
+    return reads(call(__func__), [&] {
         *client_enabled = static_cast<char>(sntp().client_enabled);
         *time_zone = sntp().time_zone;
         sntp().server1.copy_to(server1, name_size);
@@ -28,20 +28,18 @@ unsigned short U_SysGetMSNTP(char* client_enabled, uint8_t* time_zone, char* ser
 
 unsigned short U_SysSetMSNTP(char client_enabled, uint8_t time_zone, const char* server1,
                              const char* server2, unsigned long query_period, unsigned long last) {
-    return changes(
-        "U_SysSetMSNTP",
-        [&] {
-            sntp().client_enabled = static_cast<signed char>(client_enabled);
-            sntp().time_zone = time_zone;
-            sntp().server1.assign(server1);
-            sntp().server2.assign(server2);
-            sntp().query_period = static_cast<uint32_t>(query_period);
-        },
-        client_enabled, time_zone, server1, server2, query_period, last);
+    return changes(call(__func__, client_enabled, time_zone, server1, server2, query_period, last),
+                   [&] {
+                       sntp().client_enabled = static_cast<signed char>(client_enabled);
+                       sntp().time_zone = time_zone;
+                       sntp().server1.assign(server1);
+                       sntp().server2.assign(server2);
+                       sntp().query_period = static_cast<uint32_t>(query_period);
+                   });
 }
 
 unsigned short U_FlshntpIpDmStrngGet(char* manual, char* ip_or_domain, char* ip, char* domain) {
-    return reads("U_FlshntpIpDmStrngGet", [&] {
+    return reads(call(__func__), [&] {
         *manual = static_cast<char>(sntp().manual);
         *ip_or_domain = static_cast<char>(sntp().ip_or_domain);
         sntp().ip.copy_to(ip, name_size);
@@ -53,7 +51,7 @@ unsigned short U_SysGetDaylight(uint8_t* enabled, uint8_t* start_month, uint8_t*
                                 uint8_t* start_day, uint8_t* start_hour, uint8_t* end_month,
                                 uint8_t* end_week, uint8_t* end_day, uint8_t* end_hour,
                                 uint8_t* offset) {
-    return reads("U_SysGetDaylight", [&] {
+    return reads(call(__func__), [&] {
         const Daylight& rule = state().daylight;
         *enabled = rule.enabled;
         *start_month = rule.start_month;
@@ -72,12 +70,11 @@ unsigned short U_SysSetDaylight(uint8_t enabled, uint8_t start_month, uint8_t st
                                 uint8_t start_day, uint8_t start_hour, uint8_t end_month,
                                 uint8_t end_week, uint8_t end_day, uint8_t end_hour,
                                 uint8_t offset) {
-    return changes(
-        "U_SysSetDaylight",
-        [&] {
-            state().daylight = {enabled,   start_month, start_week, start_day, start_hour,
-                                end_month, end_week,    end_day,    end_hour,  offset};
-        },
-        enabled, start_month, start_week, start_day, start_hour, end_month, end_week, end_day,
-        end_hour, offset);
+    return changes(call(__func__, enabled, start_month, start_week, start_day, start_hour,
+                        end_month, end_week, end_day, end_hour, offset),
+                   [&] {
+                       state().daylight = {enabled,    start_month, start_week, start_day,
+                                           start_hour, end_month,   end_week,   end_day,
+                                           end_hour,   offset};
+                   });
 }

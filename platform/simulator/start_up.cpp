@@ -35,25 +35,26 @@ void reset(const State& new_state) {
     make_fail("");
 }
 
+bool has_port(int port) {
+    return port >= 0 && port < g_ucMaxPhyPort;
+}
+
 } // namespace simulator
 
 using namespace simulator;
 
 MSD_QD_DEV* init_umdev(int device) {
     static MSD_QD_DEV chip;
-    return answers(
-        "init_umdev", static_cast<MSD_QD_DEV*>(nullptr),
-        [&] {
-            chip.device = device;
-            return &chip;
-        },
-        device);
+    return answers(call(__func__, device), static_cast<MSD_QD_DEV*>(nullptr), [&] {
+        chip.device = device;
+        return &chip;
+    });
 }
 
 int initdef(void) {
-    return reads("initdef", load_stored_configuration);
+    return reads(call(__func__), load_stored_configuration);
 }
 
 int port_init(void) {
-    return reads("port_init", set_port_counts);
+    return reads(call(__func__), set_port_counts);
 }

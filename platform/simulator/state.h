@@ -1,17 +1,16 @@
-// Everything that the simulated switch remembers: one plain record per area,
-// with the factory defaults as member initialisers.
+// The state of the simulated switch: one record for each area, initialised
+// with the factory defaults.
 //
-// A record lists its fields a second time for its JSON form, in state_file.cpp.
+// A new member is also listed in state_file.cpp, for the stored configuration.
 #pragma once
 
-#include "platform/include/converters.h"
+#include "platform/simulator/addresses.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
 #include <initializer_list>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -52,37 +51,16 @@ struct Field {
     bool operator==(const Field& other) const { return bytes == other.bytes; }
 };
 
-// An IPv4 address as a number whose top byte is the first of the dotted text.
-struct Ipv4 {
-    std::uint32_t value = 0;
-};
-
-std::string dotted(Ipv4 address);
-
-struct Mac {
-    std::array<std::uint8_t, 6> bytes = {};
-};
-
-std::string colon_separated(Mac mac);
-
-// The text of an address record, and the record of a text if it is an address.
-std::string address_text(const ip_addr_t& address);
-std::optional<ip_addr_t> address_from(const char* text);
-
-// The value of a hexadecimal digit of either case, or -1.
-int hex_digit(char digit);
-
-// An IPv4 or IPv6 address.
-struct Address {
-    ip_addr_t record = {};
-};
-
 // A set of ports 0 to 63, laid out like the masks of the contract.
 struct PortSet {
     std::array<std::uint32_t, 2> words = {};
 
     PortSet() = default;
-    PortSet(std::initializer_list<unsigned> ports);
+    PortSet(std::initializer_list<unsigned> ports) {
+        for (const unsigned port : ports) {
+            add(port);
+        }
+    }
 
     template <typename Mask>
     explicit PortSet(const Mask& mask) : words{{mask.ulMask[0], mask.ulMask[1]}} {}
@@ -91,20 +69,41 @@ struct PortSet {
     Mask as() const {
         return {{words[0], words[1]}};
     }
+
+    // A port beyond 63 is in no set.
+    void add(unsigned port) {
+        if (port < 64) {
+            words[port / 32] |= 1U << (port % 32);
+        }
+    }
+
+    bool contains(unsigned port) const {
+        return port < 64 && (words[port / 32] >> (port % 32) & 1U) != 0;
+    }
+
+    std::vector<unsigned> ports() const {
+        std::vector<unsigned> ports;
+        for (unsigned port = 0; port < 64; ++port) {
+            if (contains(port)) {
+                ports.push_back(port);
+            }
+        }
+        return ports;
+    }
 };
 
-// Entries by the index of a port or slot. One beyond the last has the default.
+// Entries by port or slot. One that was never set has the defaults.
 template <typename Entry>
 struct Indexed {
     std::vector<Entry> entries;
 
-    Entry get(std::size_t port) const { return port < entries.size() ? entries[port] : Entry(); }
+    Entry get(std::size_t index) const { return index < entries.size() ? entries[index] : Entry(); }
 
-    Entry& at(std::size_t port) {
-        if (entries.size() <= port) {
-            entries.resize(port + 1);
+    Entry& at(std::size_t index) {
+        if (entries.size() <= index) {
+            entries.resize(index + 1);
         }
-        return entries[port];
+        return entries[index];
     }
 };
 
@@ -112,7 +111,7 @@ struct Eeprom {
     Field<33> model_name = "MS-8P";
     int macsec_port_type = 1;
     std::array<int, 2> fiber_speed = {2, 2};
-    int serial_port = 0; // the option flag of the automatic default
+    int serial_port = 0; // the flag of "auto default setting"
 };
 
 struct System {
@@ -140,11 +139,11 @@ struct Ports {
     std::uint8_t physical = 8;
     std::uint8_t logical = 16;
     Indexed<Port> ports = factory_ports();
-    std::vector<PortSet> trunks; // the members of each group
+    std::vector<PortSet> trunks; // the members of each trunk group
 };
 
 struct Account {
-    bool empty = false; // a slot without an account
+    bool empty = false; // the slot holds no account
     Field<32> name;
     Field<32> password;
     std::int32_t access_right = 0;
@@ -209,7 +208,7 @@ struct Dot1x {
     Indexed<Dot1xPort> ports;
 };
 
-// Static keys of a fibre port.
+// The static keys of a fibre port.
 struct Macsec {
     std::uint8_t status = 0;
     Field<17> sci = "0200005e10200001";
@@ -295,7 +294,7 @@ struct PeriodicBackup {
     Ipv4 server = {0xc0a80a47};
 };
 
-// Alarms by mail, as codes.
+// The codes of the e-mail alarms.
 struct Warnings {
     Indexed<std::uint8_t> ports = {std::vector<std::uint8_t>(8, 2)};
     std::array<std::uint8_t, 2> powers = {2, 0};
@@ -329,7 +328,7 @@ struct Vlan {
                                      {12, "VLAN0012", {7}, {7}},
                                      {20, "cameras", {5, 6, 7}, {6, 7}}};
     std::uint16_t management = 1;
-    std::int32_t verdict = 0; // of check_vlan_data on whatever has no other fault
+    std::int32_t verdict = 0; // what check_vlan_data returns when it finds no fault
     std::array<PortSet, 8> isolation = {{{1, 2, 3, 4, 5, 6, 7, 8},
                                          {0, 2, 3, 4, 5, 6, 7, 8},
                                          {0, 1, 3, 4, 5, 6, 7, 8},
@@ -348,7 +347,7 @@ struct RstpPort {
     std::uint8_t bpdu_filter = 0;
 };
 
-// Two edge ports with BPDU guard, and one that takes no part.
+// Two edge ports with BPDU guard, and one that is excluded.
 Indexed<RstpPort> factory_rstp_ports();
 
 struct Rstp {
@@ -361,7 +360,7 @@ struct Rstp {
 };
 
 struct AclRule {
-    std::uint16_t index = 0; // 0: an empty slot
+    std::uint16_t index = 0; // 0 when the slot is empty
     Field<32> name;
     std::uint32_t conditions = 0;
     Mac mac;
@@ -372,7 +371,7 @@ struct AclRule {
     std::uint32_t policy = 1; // ACL_POLICY_NULL
 };
 
-// The rules by their slots. The set of a rule that a restore has put in has port 8.
+// The rules by slot. Restore adds port 8 to the ports of every rule.
 struct Acl {
     Indexed<AclRule> rules = {
         {{1,
@@ -436,8 +435,11 @@ struct State {
 
 State& state();
 
-// Makes this the switch, as if it had just started up: the port counts follow,
-// the journal is empty and nothing is made to fail.
+// Starts up with this state: sets the port counts, empties the journal, and
+// makes nothing fail.
 void reset(const State& state = State());
+
+// Whether there is such a front-panel port, numbered from 0.
+bool has_port(int port);
 
 } // namespace simulator

@@ -1,19 +1,19 @@
 // Choices of this switch:
-//  - A list has IDs 1 to 4094 and ranges (10-12) between single commas, without
-//    blanks. An empty list is of no VLAN. An access port is in one VLAN or none,
-//    a trunk port is a tagged member of all that it lists.
-//  - The first fault is found in this order: the roles of all ports; then for
-//    each port what is no ID or range, what is out of range, the number of VLANs.
-//  - The static VLAN table has room for 512 VLANs; more are another fault than
-//    those with a name in the contract.
-//  - A management VLAN is never at fault by itself: that verdict is part of the
-//    stored configuration.
-//  - The entry table holds what the static VLAN table is to hold, the removal
-//    list the 32-bit IDs of what it holds now and is not to hold; a 0 ends each,
-//    unless it is full. The message says that they are ready, and is empty when
-//    the check fails; without it a set changes nothing.
-//  - A check that fails, or whose buffers have not been cleared, finds fault with
-//    the management VLAN.
+//  - A list has IDs from 1 to 4094 and ranges such as 10-12, separated by single
+//    commas, without blanks. It may be empty. An access port is in at most one
+//    VLAN; a trunk port is a tagged member of each VLAN that it lists.
+//  - The first fault is reported: the roles of all ports, then for each port a
+//    text that is not an ID or a range, an ID out of range, and an access port's
+//    second VLAN. More than 512 VLANs do not fit the table, and have a code of
+//    this switch's own.
+//  - The management VLAN is never at fault. The verdict in the state makes a
+//    check report one, or any other code.
+//  - A check that is made to fail, or whose buffers are not zero, returns
+//    VLAN_DATA_MANAGEMENT.
+//  - A check puts the VLANs to store into the entry table and the IDs to remove
+//    into the removal list, as 32-bit numbers, each ended by 0 unless it is
+//    full. The message then says that they are prepared; a set without that
+//    message changes nothing.
 
 #include "platform/include/vlan.h"
 
@@ -45,11 +45,7 @@ struct Membership {
 };
 using Memberships = std::map<int, Membership>; // by VLAN ID
 
-void add(PortSet& set, size_t port) {
-    set.words[0] |= 1U << port;
-}
-
-// The number at the start of a text, moved behind it; -1 without digits.
+// Takes the digits at the start of the text: their number, or -1 if there are none.
 int take_number(const char*& text) {
     if (*text < '0' || *text > '9') {
         return -1;
@@ -61,7 +57,7 @@ int take_number(const char*& text) {
     return number;
 }
 
-// An ID or a range, moved behind it.
+// Takes an ID or a range from the start of the text.
 int take_range(const char*& text, int& first, int& last) {
     first = last = take_number(text);
     if (*text == '-') {
@@ -74,7 +70,7 @@ int take_range(const char*& text, int& first, int& last) {
     return in_range ? VLAN_DATA_VALID : VLAN_DATA_ID_RANGE;
 }
 
-int list_port(const char* text, size_t port, bool is_trunk, Memberships& vlans) {
+int add_port(const char* text, unsigned port, bool is_trunk, Memberships& vlans) {
     std::vector<int> ids;
     while (*text != '\0') {
         int first = 0;
@@ -87,31 +83,31 @@ int list_port(const char* text, size_t port, bool is_trunk, Memberships& vlans) 
             ids.push_back(id);
         }
         if (*text == ',' && *++text == '\0') {
-            return VLAN_DATA_ID_VALUE; // nothing behind the comma
+            return VLAN_DATA_ID_VALUE; // nothing after the comma
         }
     }
     if (!is_trunk && std::any_of(ids.begin(), ids.end(), [&](int id) { return id != ids[0]; })) {
         return VLAN_DATA_ACCESS_LIST;
     }
     for (const int id : ids) {
-        add(vlans[id].members, port);
+        vlans[id].members.add(port);
         if (is_trunk) {
-            add(vlans[id].tagged, port);
+            vlans[id].tagged.add(port);
         }
     }
     return VLAN_DATA_VALID;
 }
 
-// Which VLANs the roles and lists make.
-int judge(const vlan_data_t& data, Memberships& vlans) {
+// The VLANs that roles and lists amount to, and the verdict on them.
+int memberships(const vlan_data_t& data, Memberships& vlans) {
     for (const int32_t role : data.portrole) {
         if (role != VLAN_ROLE_ACCESS && role != VLAN_ROLE_TRUNK) {
             return VLAN_DATA_ROLE;
         }
     }
-    for (size_t port = 0; port < ports; ++port) {
+    for (unsigned port = 0; port < ports; ++port) {
         const bool is_trunk = data.portrole[port] == VLAN_ROLE_TRUNK;
-        const int verdict = list_port(data.vlan_str[port], port, is_trunk, vlans);
+        const int verdict = add_port(data.vlan_str[port], port, is_trunk, vlans);
         if (verdict != VLAN_DATA_VALID) {
             return verdict;
         }
@@ -205,7 +201,7 @@ Written written_record(const TstFlshVlanPortBasedEntry& table) {
 } // namespace
 
 void get_vlan_data(vlan_data_t* data) {
-    reads("get_vlan_data", [&] {
+    reads(call(__func__), [&] {
         for (size_t port = 0; port < ports; ++port) {
             data->portrole[port] = vlan().roles[port];
             vlan().lists[port].copy_to(data->vlan_str[port], sizeof data->vlan_str[port]);
@@ -214,76 +210,60 @@ void get_vlan_data(vlan_data_t* data) {
 }
 
 int check_vlan_data(vlan_data_t* data, char* msg, TstFlshVlanEntry* table, void* removal_list) {
-    return answers(
-        "check_vlan_data", static_cast<int>(VLAN_DATA_MANAGEMENT),
-        [&]() -> int {
-            *msg = '\0';
-            Memberships vlans;
-            const int verdict = judge(*data, vlans);
-            if (verdict != VLAN_DATA_VALID) {
-                return verdict;
-            }
-            if (!is_zero(table, max_vlans * sizeof *table) ||
-                !is_zero(removal_list, max_vlans * sizeof(int32_t))) {
-                return VLAN_DATA_MANAGEMENT;
-            }
-            prepare_table(vlans, table);
-            prepare_removal(vlans, removal_list);
-            if (vlan().verdict >= VLAN_DATA_VALID) {
-                strcpy(msg, prepared);
-            }
-            return vlan().verdict;
-        },
-        written_record(*data));
+    constexpr int failed = VLAN_DATA_MANAGEMENT;
+    return answers(call(__func__, written_record(*data)), failed, [&] {
+        *msg = '\0';
+        Memberships vlans;
+        const int verdict = memberships(*data, vlans);
+        if (verdict != VLAN_DATA_VALID) {
+            return verdict;
+        }
+        if (!is_zero(table, max_vlans * sizeof *table) ||
+            !is_zero(removal_list, max_vlans * sizeof(int32_t))) {
+            return failed;
+        }
+        prepare_table(vlans, table);
+        prepare_removal(vlans, removal_list);
+        if (vlan().verdict >= VLAN_DATA_VALID) {
+            strcpy(msg, prepared);
+        }
+        return vlan().verdict;
+    });
 }
 
 void set_vlan_data(vlan_data_t* data, char* msg, TstFlshVlanEntry* table, void* removal_list,
                    int apply) {
-    changes(
-        "set_vlan_data",
-        [&] {
-            if (strncmp(msg, prepared, sizeof prepared) != 0) {
-                return false;
-            }
-            remove_vlans(removal_list);
-            store_vlans(table);
-            for (size_t port = 0; port < ports; ++port) {
-                vlan().roles[port] = data->portrole[port];
-                vlan().lists[port].assign(data->vlan_str[port]);
-            }
-            return true;
-        },
-        written_record(*data), apply);
+    const bool is_prepared = strncmp(msg, prepared, sizeof prepared) == 0;
+    changes(call(__func__, written_record(*data), apply), is_prepared, [&] {
+        remove_vlans(removal_list);
+        store_vlans(table);
+        for (size_t port = 0; port < ports; ++port) {
+            vlan().roles[port] = data->portrole[port];
+            vlan().lists[port].assign(data->vlan_str[port]);
+        }
+    });
 }
 
 unsigned short U_VlanGetMgnVlanId(uint16_t* id) {
-    return reads("U_VlanGetMgnVlanId", [&] { *id = vlan().management; });
+    return reads(call(__func__), [&] { *id = vlan().management; });
 }
 
 unsigned short U_FlshVlanSetMgnVlanId(uint16_t id) {
-    return changes(
-        "U_FlshVlanSetMgnVlanId", [&] { vlan().management = id; }, id);
+    return changes(call(__func__, id), [&] { vlan().management = id; });
 }
 
 uint16_t U_VlanGetSttcEntry(uint16_t id, TstLPortMask* members, TstLPortMask* tagged,
                             uint16_t* type) {
-    return reads(
-        "U_VlanGetSttcEntry",
-        [&] {
-            const auto entry = find(id);
-            if (entry == vlan().table.end()) {
-                return false;
-            }
-            *members = entry->members.as<TstLPortMask>();
-            *tagged = entry->tagged.as<TstLPortMask>();
-            *type = protocol_type;
-            return true;
-        },
-        id);
+    const auto entry = find(id);
+    return reads(call(__func__, id), entry != vlan().table.end(), [&] {
+        *members = entry->members.as<TstLPortMask>();
+        *tagged = entry->tagged.as<TstLPortMask>();
+        *type = protocol_type;
+    });
 }
 
 unsigned short U_FlshVlanGetPortBasedEntry(TstFlshVlanPortBasedEntry* table) {
-    return reads("U_FlshVlanGetPortBasedEntry", [&] {
+    return reads(call(__func__), [&] {
         for (size_t port = 0; port < ports; ++port) {
             table->stPortMask[port] = vlan().isolation[port].as<TstLPortMask>();
         }
@@ -291,12 +271,9 @@ unsigned short U_FlshVlanGetPortBasedEntry(TstFlshVlanPortBasedEntry* table) {
 }
 
 unsigned short U_FlshVlanSetPortBasedEntry(TstFlshVlanPortBasedEntry* table) {
-    return changes(
-        "U_FlshVlanSetPortBasedEntry",
-        [&] {
-            for (size_t port = 0; port < ports; ++port) {
-                vlan().isolation[port] = PortSet(table->stPortMask[port]);
-            }
-        },
-        written_record(*table));
+    return changes(call(__func__, written_record(*table)), [&] {
+        for (size_t port = 0; port < ports; ++port) {
+            vlan().isolation[port] = PortSet(table->stPortMask[port]);
+        }
+    });
 }

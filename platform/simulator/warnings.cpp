@@ -7,21 +7,8 @@
 
 using namespace simulator;
 
-namespace {
-
-// Codes as a list, {3,0,2}.
-Written written_codes(unsigned char* codes, int count) {
-    std::string list;
-    for (int i = 0; i < count; ++i) {
-        list += (i == 0 ? "" : ",") + written(codes[i]);
-    }
-    return {"{" + list + "}"};
-}
-
-} // namespace
-
 unsigned short U_FlshSysGetEmailPort(unsigned char* codes) {
-    return reads("U_FlshSysGetEmailPort", [&] {
+    return reads(call(__func__), [&] {
         for (size_t port = 0; port < EMAIL_PORTS; ++port) {
             codes[port] = state().warnings.ports.get(port);
         }
@@ -29,31 +16,27 @@ unsigned short U_FlshSysGetEmailPort(unsigned char* codes) {
 }
 
 unsigned short U_SysSetEmailPort(unsigned char* codes) {
-    return changes(
-        "U_SysSetEmailPort",
-        [&] { state().warnings.ports.entries.assign(codes, codes + EMAIL_PORTS); },
-        written_codes(codes, EMAIL_PORTS));
+    const std::vector<uint8_t> ports(codes, codes + EMAIL_PORTS);
+    return changes(call(__func__, written_list(ports)),
+                   [&] { state().warnings.ports.entries = ports; });
 }
 
 unsigned short U_FlshSysGetEmailPower(unsigned char* codes) {
-    return reads("U_FlshSysGetEmailPower", [&] {
+    return reads(call(__func__), [&] {
         const auto& powers = state().warnings.powers;
         std::copy(powers.begin(), powers.end(), codes);
     });
 }
 
 unsigned short U_SysSetEmailPower(unsigned char* codes) {
-    auto& powers = state().warnings.powers;
-    return changes(
-        "U_SysSetEmailPower", [&] { std::copy(codes, codes + powers.size(), powers.begin()); },
-        written_codes(codes, EMAIL_POWERS));
+    const std::array<uint8_t, EMAIL_POWERS> powers = {codes[0], codes[1]};
+    return changes(call(__func__, written_list(powers)), [&] { state().warnings.powers = powers; });
 }
 
 unsigned short U_SysGetEmailSyslog(unsigned char* level) {
-    return reads("U_SysGetEmailSyslog", [&] { *level = state().warnings.syslog_level; });
+    return reads(call(__func__), [&] { *level = state().warnings.syslog_level; });
 }
 
 unsigned short U_SysSetEmailSyslog(unsigned char* level) {
-    return changes(
-        "U_SysSetEmailSyslog", [&] { state().warnings.syslog_level = *level; }, +*level);
+    return changes(call(__func__, +*level), [&] { state().warnings.syslog_level = *level; });
 }
