@@ -147,7 +147,7 @@ TEST_F(Process, BrokenStoredConfiguration) {
     write_file(state_path, broken);
     EXPECT_EQ(run("backup"), 1);
     EXPECT_EQ(error, "simulated switch: cannot load " + state_path +
-                         ": /ports/physical: 300 would be held as 44\n");
+                         ": /ports/physical: 300 does not fit, it would become 44\n");
     EXPECT_EQ(read_file(state_path), broken);
 }
 

@@ -104,17 +104,18 @@ TEST_F(Simulator, VlansAreSetOnlyAfterTheirCheck) {
 TEST_F(Simulator, WhatItCannotHoldIsRefused) {
     const std::pair<const char*, const char*> broken[] = {
         {"{", "parse"},
-        {"[]", "type"},
+        {"[]", "must be an object"},
+        {R"({"system": 5})", "/system: must"},
         {R"({"sytem": {}})", "/sytem"},
         {R"({"system": {"dhpc": 1}})", "/system/dhpc"},
         {R"({"system": {"dhcp": 300}})", "/system/dhcp"},
         {R"({"ports": {"physical": -1}})", "/ports/physical"},
         {R"({"system": {"name": "123456789012345678901234567890"}})", "/system/name"},
         {R"({"snmp": {"users": [{"name": "sixteen letters."}]}})", "/snmp/users/0/name"},
-        {R"({"system": {"address": "192.168.1"}})", "IPv4"},
-        {R"({"system": {"mac": "02:00"}})", "MAC"},
+        {R"({"system": {"address": "192.168.1"}})", "/system/address"},
+        {R"({"system": {"mac": "02:00"}})", "/system/mac"},
         {R"({"eeprom": {"fiber_speed": [1, 2, 3]}})", "fiber_speed"},
-        {R"({"ports": {"trunks": [[64]]}})", "set of ports"},
+        {R"({"ports": {"trunks": [[64]]}})", "ascending"},
         {R"({"ports": {"trunks": [[2, 1]]}})", "/ports/trunks"},
     };
     for (const auto& [text, named] : broken) {

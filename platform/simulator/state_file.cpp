@@ -1,14 +1,12 @@
 #include "platform/simulator/state_file.h"
 
-#include "platform/include/converters.h"
-
-#include <arpa/inet.h>
 #include <nlohmann/json.hpp>
 
 #include <cerrno>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <stdexcept>
 
 namespace simulator {
@@ -44,11 +42,11 @@ void to_json(json& value, const Ipv4& address) {
 }
 
 void from_json(const json& value, Ipv4& address) {
-    in_addr number;
-    if (inet_pton(AF_INET, value.get<std::string>().c_str(), &number) != 1) {
-        throw std::runtime_error(value.dump() + " is no IPv4 address");
+    const auto number = ipv4_from(value.get<std::string>().c_str());
+    if (!number) {
+        throw std::runtime_error(value.dump() + " is not an IPv4 address");
     }
-    address.value = ntohl(number.s_addr);
+    address = *number;
 }
 
 void to_json(json& value, const Mac& mac) {
@@ -56,11 +54,11 @@ void to_json(json& value, const Mac& mac) {
 }
 
 void from_json(const json& value, Mac& mac) {
-    auto& b = mac.bytes;
-    if (sscanf(value.get<std::string>().c_str(), "%2hhx:%2hhx:%2hhx:%2hhx:%2hhx:%2hhx", &b[0],
-               &b[1], &b[2], &b[3], &b[4], &b[5]) != 6) {
-        throw std::runtime_error(value.dump() + " is no MAC address");
+    const auto bytes = mac_from(value.get<std::string>().c_str());
+    if (!bytes) {
+        throw std::runtime_error(value.dump() + " is not a MAC address");
     }
+    mac = *bytes;
 }
 
 void to_json(json& value, const Address& address) {
@@ -70,30 +68,23 @@ void to_json(json& value, const Address& address) {
 void from_json(const json& value, Address& address) {
     const auto record = address_from(value.get<std::string>().c_str());
     if (!record) {
-        throw std::runtime_error(value.dump() + " is no IP address");
+        throw std::runtime_error(value.dump() + " is not an IPv4 or IPv6 address");
     }
     address.record = *record;
 }
 
-constexpr unsigned ports_in_set = 64;
-
-// The ports, ascending.
 void to_json(json& value, const PortSet& set) {
-    value = json::array();
-    for (unsigned port = 0; port < ports_in_set; ++port) {
-        if ((set.words[port / 32] >> (port % 32) & 1U) != 0) {
-            value.push_back(port);
-        }
-    }
+    value = set.ports();
 }
 
 void from_json(const json& value, PortSet& set) {
     set = {};
-    for (const unsigned port : value.get<std::vector<unsigned>>()) {
-        if (port >= ports_in_set) {
-            throw std::runtime_error(value.dump() + " is no set of ports");
-        }
-        set.words[port / 32] |= 1U << (port % 32);
+    const auto ports = value.get<std::vector<unsigned>>();
+    for (const unsigned port : ports) {
+        set.add(port);
+    }
+    if (set.ports() != ports) {
+        throw std::runtime_error(value.dump() + " is not an ascending list of ports 0 to 63");
     }
 }
 
@@ -170,14 +161,72 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE_WITH_DEFAULT(State, eeprom, system, accounts,
 
 namespace {
 
-// Whatever the file holds must be in the state that was made of it: this finds
-// misspelt members, numbers and texts that do not fit, and texts in another
-// form than the one that is stored.
+// Why a value would not be stored as it is written. Shows no texts but those of
+// addresses: others may be secret.
+std::string difference(const json& written, const json& held) {
+    if (written.is_array() && held.is_array()) {
+        return ": has " + std::to_string(written.size()) + " entries, the switch holds " +
+               std::to_string(held.size());
+    }
+    if (!written.is_string() || !held.is_string()) {
+        return written.is_array()
+                   ? ": is a text, write it as a string"
+                   : ": " + written.dump() + " does not fit, it would become " + held.dump();
+    }
+    const auto text = held.get<std::string>();
+    return written.get<std::string>().rfind(text, 0) == 0
+               ? ": is longer than " + std::to_string(text.size()) + " bytes"
+               : ": must be written as " + text;
+}
+
+// The JSON library's message without its mark, "[json.exception.type_error.302] ".
+std::string message_of(const std::exception& fault) {
+    static const std::regex mark(R"(^\[json\.exception\.[^\]]*\] )");
+    static const std::regex no_object(R"(^cannot use value\(\) with)");
+    const std::string message = std::regex_replace(fault.what(), mark, "");
+    return std::regex_replace(message, no_object, "must be an object, but is");
+}
+
+bool can_be_read(const json& written) {
+    try {
+        static_cast<void>(written.get<State>());
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+// The first member that cannot be read even alone, such as /system/dhcp.
+std::string place_of_fault(const json& written) {
+    for (const auto& [area, members] : written.items()) {
+        if (!members.is_object() && !can_be_read({{area, members}})) {
+            return "/" + area;
+        }
+        for (const auto& [name, value] : members.items()) {
+            if (!can_be_read({{area, {{name, value}}}})) {
+                return "/" + area + "/" + name;
+            }
+        }
+    }
+    return "/";
+}
+
+State read_members(const json& written) {
+    try {
+        return written.get<State>();
+    } catch (const std::exception& fault) {
+        throw std::runtime_error(place_of_fault(written) + ": " + message_of(fault));
+    }
+}
+
+// Requires that the state holds what the file says, as it says it. Finds
+// misspelt members, numbers and texts that do not fit, and addresses in another
+// form than the stored one.
 void require_same(const json& written, const json& held, const std::string& place) {
     if (written.is_object() && held.is_object()) {
         for (const auto& [name, value] : written.items()) {
             if (!held.contains(name)) {
-                throw std::runtime_error(place + "/" + name + " is no member of the switch");
+                throw std::runtime_error(place + "/" + name + ": there is no such member");
             }
             require_same(value, held[name], place + "/" + name);
         }
@@ -186,14 +235,13 @@ void require_same(const json& written, const json& held, const std::string& plac
             require_same(written[i], held[i], place + "/" + std::to_string(i));
         }
     } else if (written != held) {
-        throw std::runtime_error(place + ": " + written.dump() + " would be held as " +
-                                 held.dump());
+        throw std::runtime_error(place + difference(written, held));
     }
 }
 
 struct StateFile {
     std::string path;
-    std::string stored; // the state as it was loaded
+    std::string loaded; // the state at the start of the run
 };
 
 StateFile& state_file() {
@@ -201,10 +249,10 @@ StateFile& state_file() {
     return file;
 }
 
-// Through a temporary file, so that a run that dies leaves the old one whole.
-void store_what_has_changed() {
+// Renames a temporary file, so that a run that dies leaves the old file whole.
+void store_changes() {
     const std::string text = to_json_text(state());
-    if (text == state_file().stored) {
+    if (text == state_file().loaded) {
         return;
     }
     const std::string temporary = state_file().path + ".new";
@@ -236,7 +284,7 @@ std::string to_json_text(const State& state) {
 
 State from_json_text(const std::string& text) {
     const json written = json::parse(text);
-    State state = written.get<State>();
+    const State state = read_members(written);
     require_same(written, json(state), "");
     return state;
 }
@@ -252,11 +300,11 @@ void load_stored_configuration() {
         state() = read_state(state_file().path);
     } catch (const std::exception& fault) {
         fprintf(stderr, "simulated switch: cannot load %s: %s\n", state_file().path.c_str(),
-                fault.what());
+                message_of(fault).c_str());
         std::exit(1);
     }
-    state_file().stored = to_json_text(state());
-    std::atexit(store_what_has_changed);
+    state_file().loaded = to_json_text(state());
+    std::atexit(store_changes);
 }
 
 } // namespace simulator
