@@ -30,6 +30,12 @@ add_custom_command(OUTPUT ${codes}
 add_custom_target(code_table ALL DEPENDS ${codes})
 install(FILES ${codes} DESTINATION ${CMAKE_INSTALL_DATADIR}/switch-config)
 
+# For those who port the tool: cmake --install build --component device-check.
+install(TARGETS switch-device-check DESTINATION ${CMAKE_INSTALL_SBINDIR}
+  COMPONENT device-check EXCLUDE_FROM_ALL)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/switch-device-check.8
+  DESTINATION ${CMAKE_INSTALL_MANDIR}/man8 COMPONENT device-check EXCLUDE_FROM_ALL)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_CONTACT "switch-config developers")

@@ -1,0 +1,190 @@
+// What the checks of a device library are made of. Each try prints one line of
+// the Test Anything Protocol. No secret is ever printed.
+#pragma once
+
+#include <csignal>
+#include <cstddef>
+#include <initializer_list>
+#include <type_traits>
+#include <utility>
+
+extern bool writing;                       // whether settings may be changed
+extern volatile std::sig_atomic_t stopped; // the signal that has asked to stop, or 0
+extern int tried, failed;                  // lines printed
+
+// A piece of a message, in printf's format. As what a try has found it is empty
+// when all is well, and begins with "SKIP" when nothing could be judged.
+struct Phrase {
+    char chars[200] = {};
+
+    Phrase() = default;
+    [[gnu::format(printf, 2, 3)]] Phrase(const char* format, ...);
+    explicit operator bool() const { return chars[0] != '\0'; }
+    bool is_fault() const { return chars[0] != '\0' && chars[0] != 'S'; }
+};
+
+// A fault reads "expected ..., seen ...".
+void report(const char* operation, const char* what, const Phrase& found);
+[[gnu::format(printf, 4, 5)]] void expect(bool passed, const char* operation, const char* what,
+                                          const char* fault, ...);
+
+// An output of an operation or another argument, or a member of a record.
+struct Part {
+    enum Kind : char {
+        number = '=',
+        address = 'a', // IPv4, as a number; a netmask when low is 1
+        text = 't',    // terminated when it is shorter than its width
+        mail = 'm',    // a text that is a mail address
+        secret = 's',  // a text that is not printed
+        bytes = 'b',
+        ip = 'p',     // an ip_addr_t
+        record = 'r', // judged by its members only
+        input = 'i',  // a number passed by value
+        index = 'x',  // the number of the port, slot or row, passed by value
+    } kind;
+    const char* name;
+    int name_length;
+    std::size_t width;       // bytes
+    unsigned long low, high; // what a write tries
+    std::size_t place;       // in the memory of the arguments
+    bool is_member;
+};
+
+// "flag/1=0-1 port/1x name/30t setting/12r hour@2/2=0-23 weight@4/4*8=1-8": name,
+// offset in the record before it, width (L is that of unsigned long), number of
+// repetitions and the distance between them, kind, and the two numbers that a
+// write tries. Of a text it tries at most one character less than its width.
+struct Parts {
+    Part list[80];
+    std::size_t count = 0;
+    const Part* arguments[12] = {};
+
+    explicit Parts(const char* text);
+    const Part* begin() const { return list; }
+    const Part* end() const { return list + count; }
+};
+
+// The arguments of a call, between guard bytes.
+struct Arguments {
+    const Parts& parts;
+    unsigned char memory[12 * 1024];
+
+    Arguments(const Parts& described, unsigned char fill, unsigned number);
+    unsigned char* at(const Part& part) { return memory + part.place; }
+    unsigned long number(const Part& part) const;
+};
+
+template <typename Type>
+Type argument(Arguments& arguments, std::size_t i) {
+    const Part& part = *arguments.parts.arguments[i];
+    if constexpr (std::is_pointer_v<Type>) {
+        return reinterpret_cast<Type>(arguments.at(part));
+    } else {
+        return static_cast<Type>(arguments.number(part));
+    }
+}
+
+template <typename Result, typename... Types, std::size_t... I>
+int invoke(Result (*function)(Types...), Arguments& arguments, std::index_sequence<I...>) {
+    if constexpr (std::is_void_v<Result>) {
+        return function(argument<Types>(arguments, I)...), 0;
+    } else {
+        return static_cast<int>(function(argument<Types>(arguments, I)...));
+    }
+}
+
+template <typename Result, typename... Types>
+int invoke(Result (*function)(Types...), Arguments& arguments) {
+    return invoke(function, arguments, std::index_sequence_for<Types...>{});
+}
+
+template <auto function>
+int call(Arguments& arguments) {
+    return invoke(function, arguments);
+}
+
+// An operation takes as many of the arguments as it has parameters.
+struct Operation {
+    const char* name;
+    int (*call)(Arguments& arguments);
+};
+
+#define NAMED(function) #function, function
+#define OPERATION(function)                                                                        \
+    Operation {                                                                                    \
+#function, call < function>                                                                \
+    }
+#define GETTER(get, ...) check_getter(OPERATION(get), __VA_ARGS__)
+#define SETTING(get, set, ...) check_setting(OPERATION(get), OPERATION(set), __VA_ARGS__)
+#define VALIDATOR(accepts, ...) check_validator(NAMED(accepts), __VA_ARGS__)
+
+// The indexes that a check goes through.
+struct Range {
+    unsigned first = 0;
+    unsigned count = 1;
+};
+
+// A getter writes the width of its outputs and no more, twice the same, and
+// leaves them alone when it fails. It is asked for one index more than there are.
+void check_getter(Operation get, const char* parts, Range range = {});
+
+// The same; and when writing, what is set is read back, and the old value put back.
+void check_setting(Operation get, Operation set, const char* parts, Range range = {});
+
+// A table whose rows are added and deleted.
+struct Row {
+    char name[33] = {};
+    char detail[47] = {}; // password or address, if any
+    long number = 0;      // access right, permission type or port
+};
+
+struct Rows {
+    Row list[64];
+    unsigned count = 0;
+};
+
+struct Table {
+    const char* insert_name;
+    const char* remove_name;
+    Rows (*read)();
+    void (*insert)(const Row& row);
+    void (*remove)(const Row& row);
+    long number; // of the rows that are added
+};
+
+// Only when writing: fills a table of 15 rows, deletes from its middle, and puts it back.
+void check_table(const Table& table);
+
+// Validators accept what the device has, and refuse what no device takes.
+void judge(const char* name, bool is_accepted, bool is_own, const Phrase& value);
+Phrase shown(int value);
+Phrase shown(const char* text);
+
+template <typename Result, typename Value>
+void check_validator(const char* name, Result (*accepts)(Value),
+                     std::initializer_list<std::common_type_t<Value>> own,
+                     std::initializer_list<std::common_type_t<Value>> wrong) {
+    for (const Value value : own) {
+        judge(name, static_cast<char>(accepts(value)) != 0, true, {"its own"});
+    }
+    for (const Value value : wrong) {
+        judge(name, static_cast<char>(accepts(value)) != 0, false, shown(value));
+    }
+}
+
+// What a getter of one output reads.
+template <typename Result, typename Value>
+Value value_of(Result (*get)(Value*)) {
+    Value value = {};
+    get(&value);
+    return value;
+}
+
+// The groups of headers, one file each.
+void check_converters();
+void check_aes();
+void check_ports_and_masks();
+void check_system();
+void check_security();
+void check_services();
+void check_switching();

@@ -1,0 +1,114 @@
+#include "platform/include/converters.h"
+
+#include "platform/check/check.h"
+
+#include <cstring>
+
+namespace {
+
+// What the one converter of a pair reads, the other writes as the same text.
+void check_ipv4(const char* dotted) {
+    unsigned long address = ~0UL;
+    ip_addr_t record = {};
+    char text[64] = {};
+    char record_text[64] = {};
+    const int result = str_to_ip(&address, dotted);
+    const int record_result = str_to_ipaddr(&record, dotted);
+    ip_to_str(text, address & 0xffffffff);
+    ipaddr_to_str(record_text, &record);
+    expect(result == 0 && address <= 0xffffffff, "str_to_ip", "an address is 32 bits",
+           "expected 0 and 32 bits for %s, seen %d and %lx", dotted, result, address);
+    expect(std::strcmp(text, dotted) == 0, "ip_to_str", "writes what str_to_ip has read",
+           "expected %s, seen %s", dotted, text);
+    expect(record_result == 0 && std::strcmp(record_text, dotted) == 0, "ipaddr_to_str",
+           "writes what str_to_ipaddr has read", "expected 0 and %s, seen %d and %s", dotted,
+           record_result, record_text);
+}
+
+// An IPv6 address has several texts: the one that is written is read as the same address.
+void check_ipv6(const char* address) {
+    ip_addr_t record = {};
+    ip_addr_t again = {};
+    char text[64] = {};
+    if (str_to_ipaddr(&record, address) != 0) {
+        return report("str_to_ipaddr", address, {"SKIP the library takes no IPv6 address"});
+    }
+    ipaddr_to_str(text, &record);
+    const int result = str_to_ipaddr(&again, text);
+    expect(result == 0 && std::memcmp(&record, &again, sizeof record) == 0, "str_to_ipaddr",
+           "reads what ipaddr_to_str has written", "expected 0 and %s, seen %d for %s", address,
+           result, text);
+}
+
+void check_mac(const unsigned char (&mac)[6]) {
+    char text[64] = {};
+    unsigned char again[6] = {1, 1, 1, 1, 1, 1};
+    mac_to_str(text, mac);
+    const int result = str_to_mac(again, text);
+    expect(result == 0 && std::memcmp(mac, again, sizeof mac) == 0, "str_to_mac",
+           "reads what mac_to_str has written", "expected 0 and the same 6 bytes, seen %d for %s",
+           result, text);
+}
+
+template <typename Output>
+void check_refused(const char* name, int (*convert)(Output*, const char*)) {
+    for (const char* text : {"", "-1", "not an address", "256.1.1.1"}) {
+        Output output[sizeof(ip_addr_t)] = {};
+        const Output before[sizeof(ip_addr_t)] = {};
+        const int result = convert(output, text);
+        expect(result != 0 && std::memcmp(output, before, sizeof output) == 0, name,
+               "refuses what is not an address, and leaves its output alone",
+               "expected not 0 for \"%s\" and nothing written, seen %d or an output", text, result);
+    }
+}
+
+void check_hexadecimal(const char* text, bool is_good) {
+    unsigned char output[64] = {};
+    const auto* digits = reinterpret_cast<const unsigned char*>(text);
+    const int result = usrutil_hexStrToHexValue(digits, output, 16);
+    const bool is_right = (result != -2) == is_good && (!is_good || output[1] == 0x1f);
+    expect(is_right && output[16] == 0, "usrutil_hexStrToHexValue",
+           "converts hexadecimal text, up to its length, and refuses any other",
+           "expected %s for %s, seen %d, bytes %02x %02x, byte 16 %02x",
+           is_good ? "not -2 and bytes 01 1f" : "-2", text, result, output[0], output[1],
+           output[16]);
+}
+
+// Texts of the greatest length, into buffers that just hold them.
+void longest_ipaddr(char* text) {
+    ip_addr_t record = {};
+    str_to_ipaddr(&record, "2001:db8:1111:2222:3333:4444:5555:6666");
+    ipaddr_to_str(text, &record);
+}
+
+void longest_mac(char* text) {
+    const unsigned char mac[6] = {255, 255, 255, 255, 255, 255};
+    mac_to_str(text, mac);
+}
+
+void longest_ip(char* text) {
+    unsigned long address = 0;
+    str_to_ip(&address, "255.255.255.255");
+    ip_to_str(text, address);
+}
+
+} // namespace
+
+void check_converters() {
+    for (const char* dotted : {"0.0.0.0", "1.2.3.4", "192.0.2.129", "255.255.255.255"}) {
+        check_ipv4(dotted);
+    }
+    check_ipv6("::1");
+    check_ipv6("2001:db8:1111:2222:3333:4444:5555:6666");
+    check_mac({0, 0, 0, 0, 0, 0});
+    check_mac({0x02, 0x00, 0x5e, 0x10, 0x20, 0xff});
+    check_refused(NAMED(str_to_ip));
+    check_refused(NAMED(str_to_ipaddr));
+    check_refused(NAMED(str_to_mac));
+    check_getter({"ip_to_str", call<longest_ip>}, "text/16t");
+    check_getter({"ipaddr_to_str", call<longest_ipaddr>}, "text/46t");
+    check_getter({"mac_to_str", call<longest_mac>}, "text/18t");
+    check_hexadecimal("011f456789abcdef0123456789abcdef0123456789abcdef0123456789abcdef", true);
+    check_hexadecimal("g11f456789abcdef0123456789abcdef", false);
+    check_hexadecimal("011f456789abcdef0123456789abcdeg", false);
+}

@@ -1,0 +1,135 @@
+// switch-device-check: tries whether a device library keeps the contract of
+// platform/include.
+//
+//   switch-device-check            reads only
+//   switch-device-check --write    sets each setting too, and puts it back
+//
+// Exit status: 0 when all passed, 1 when anything failed, 2 for wrong arguments.
+
+#include "frame/document.h"
+#include "frame/section_order.h"
+#include "platform/check/check.h"
+#include "platform/include/aes.h"
+#include "platform/include/ports.h"
+#include "platform/include/start_up.h"
+
+bool writing = false;
+volatile std::sig_atomic_t stopped = 0;
+
+namespace {
+
+void stop(int number) {
+    stopped = number;
+}
+
+// In a file without a name, since a document holds secrets.
+FILE* written_document() {
+    FILE* file = tmpfile();
+    if (file == nullptr) {
+        perror("switch-device-check: cannot create a temporary file");
+        exit(2);
+    }
+    write_sections(file);
+    rewind(file);
+    return file;
+}
+
+// The code that check reports for a document, or 0.
+int code_of(FILE* document) {
+    dictionary* ini = load_document(Phrase("/proc/self/fd/%d", fileno(document)).chars);
+    FILE* report = tmpfile();
+    int code = ini == nullptr || report == nullptr ? 211 : 0;
+    if (code == 0 && check_sections(ini, report) != 0) {
+        rewind(report);
+        code = fscanf(report, "%d", &code) == 1 ? code : -1;
+    }
+    iniparser_freedict(ini);
+    return code;
+}
+
+// What the engineer at his desk can make of the most likely codes.
+const char* hint(int code) {
+    switch (code) {
+    case 51:
+        return "the management VLAN is not in the static VLAN table";
+    case 55:
+        return "the management VLAN is not a number of its own in a port's list";
+    case 211:
+        return "the document cannot be loaded, perhaps for a line of more than 1022 characters";
+    case 242:
+        return "ports 7 and 8 must be fibre, and named Port7 and Port8";
+    case 318:
+        return "the protocol version must be 2";
+    default:
+        return "switch-config(8) explains it";
+    }
+}
+
+void check_backup(FILE* document) {
+    const int code = code_of(document);
+    const bool is_too_small = code == 294 && g_ucMaxPhyPort < 8;
+    report("backup", "check accepts the document",
+           is_too_small ? Phrase("SKIP check wants 8 ports")
+           : code == 0  ? Phrase()
+                        : Phrase("expected no code, seen %d: %s", code, hint(code)));
+}
+
+bool is_clock(const char* line) {
+    return strncmp(line, "Date ", 5) == 0 || strncmp(line, "Time ", 5) == 0;
+}
+
+// The keys of lines that differ are named, and never their values.
+void compare(FILE* before, FILE* after) {
+    char lines[2][2048];
+    char section[64] = "";
+    Phrase found;
+    rewind(before);
+    while (fgets(lines[0], sizeof lines[0], before) != nullptr && !found) {
+        if (fgets(lines[1], sizeof lines[1], after) == nullptr) {
+            lines[1][0] = '\0';
+        }
+        sscanf(lines[0], "[%63[^]]", section);
+        if (strcmp(lines[0], lines[1]) != 0 && !is_clock(lines[0])) {
+            found = {"expected the same lines, seen another \"%.40s\" in [%s]",
+                     strtok(lines[0], "="), section};
+        }
+    }
+    report("backup", "the document is the same before and after", found);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    writing = argc == 2 && strcmp(argv[1], "--write") == 0;
+    if (argc != 1 && !writing) {
+        fprintf(stderr, "usage: switch-device-check [--write]\n");
+        return 2;
+    }
+    for (const int number : {SIGHUP, SIGINT, SIGPIPE, SIGTERM}) {
+        signal(number, stop);
+    }
+    unsigned char first_key[sizeof key];
+    memcpy(first_key, key, sizeof key);
+    init_umdev(0);
+    initdef();
+    port_init();
+    printf("TAP version 13\n# %s\n",
+           writing ? "Writes: sets each setting, and puts it back." : "Reads only.");
+    FILE* document = written_document();
+    for (const auto check : {check_converters, check_aes, check_ports_and_masks, check_system,
+                             check_security, check_services, check_switching}) {
+        check();
+    }
+    check_backup(document);
+    compare(document, written_document());
+    report("key", "is the same before the start and at the end",
+           memcmp(first_key, key, sizeof key) == 0
+               ? Phrase()
+               : Phrase("expected the same bytes, seen others"));
+    if (stopped != 0) {
+        printf("Bail out! Stopped by signal %d\n", static_cast<int>(stopped));
+    } else {
+        printf("1..%d\n", tried);
+    }
+    return failed == 0 && stopped == 0 ? 0 : 1;
+}

@@ -1,0 +1,86 @@
+#include "platform/include/system.h"
+
+#include "platform/check/check.h"
+#include "platform/include/eeprom.h"
+#include "platform/include/periodic_backup.h"
+#include "platform/include/ports.h"
+#include "platform/include/services.h"
+#include "platform/include/warnings.h"
+
+#include <cstdint>
+
+namespace {
+
+void judge(const char* name, unsigned short verdict, bool is_good, const char* what) {
+    expect((verdict == 0) == is_good, name, what, "expected %s, seen %u", is_good ? "0" : "a code",
+           verdict);
+}
+
+void check_address_validators() {
+    const char* address = "192.0.2.1";
+    const char* mask = "255.255.255.0";
+    judge("U_SysCheckIpMaskString", U_SysCheckIpMaskString(address, mask), true,
+          "accepts an address and its mask");
+    judge("U_SysCheckIpMaskString", U_SysCheckIpMaskString("256.1.1.1", mask), false,
+          "refuses another address");
+    judge("U_SysCheckIpMaskString", U_SysCheckIpMaskString(address, "mask"), false,
+          "refuses another mask");
+    judge("U_SysCheckGatewayString", U_SysCheckGatewayString(address), true, "accepts an address");
+    judge("U_SysCheckGatewayString", U_SysCheckGatewayString("gateway"), false,
+          "refuses another text");
+    judge("U_SysCheckDnsString", U_SysCheckDnsString(address), true, "accepts an address");
+    judge("U_SysCheckDnsString", U_SysCheckDnsString("server"), false, "refuses another text");
+    judge("U_SysCheckInTheSubnet", U_SysCheckInTheSubnet(address, mask, "192.0.2.254"), true,
+          "accepts a gateway of the subnet");
+    judge("U_SysCheckInTheSubnet", U_SysCheckInTheSubnet(address, mask, "198.51.100.1"), false,
+          "refuses one of another");
+}
+
+// On is 1; any other number is off, and is set as 3.
+unsigned short lldp_state(unsigned char* state) {
+    const unsigned short result = U_LldpGetEnable(state);
+    *state = *state == 1 ? 1 : 3;
+    return result;
+}
+
+// No port is -1, and is read as 65535.
+unsigned short set_mirror(char state, unsigned char mode, unsigned short analyzer,
+                          unsigned short monitored) {
+    return U_FwdSetPortMirror(state, mode, static_cast<int16_t>(analyzer),
+                              static_cast<int16_t>(monitored));
+}
+
+void model_name(char* name) {
+    get_full_model_name(name);
+}
+
+void serial_port(int* flag) {
+    *flag = get_eeprom_serial_port();
+}
+
+} // namespace
+
+void check_system() {
+    check_getter({"get_full_model_name", call<model_name>}, "name/33t");
+    GETTER(U_SysGetMac, "address/6b");
+    GETTER(U_SysGetFirmwareVer, "major/1 minor/1 date/L");
+    SETTING(U_FlshSysInfoGetName, U_FlshSysInfoSetName, "name/30t size/1i=30");
+    SETTING(U_FlshSysGetDhcp, U_FlshSysSetDhcp, "flag/1=0-1");
+    SETTING(U_FlshSysGetIp, U_FlshSysSetIp, "address/La mask/La=1");
+    SETTING(U_FlshSysGetGateway, U_FlshSysSetGateway, "address/La");
+    SETTING(U_FlshSysGetDNSIp, U_FlshSysSetDNSIp, "index/2i=1 address/La");
+    check_address_validators();
+    GETTER(U_LldpGetEnable, "state/1");
+    check_setting({"U_LldpGetEnable", call<lldp_state>}, OPERATION(U_LldpSetEnable), "state/1=3-1");
+    SETTING(U_FlshHTTPSGet, U_FlshHTTPSSet, "flag/1=0-1");
+    check_setting(OPERATION(U_FwdGetPortMirror), {"U_FwdSetPortMirror", call<set_mirror>},
+                  "state/1=1-1 mode/1=3-3 analyzer/2=0-1 monitored/2=1-0");
+    check_setting({"get_eeprom_serial_port", call<serial_port>}, OPERATION(set_eeprom_serial_port),
+                  "flag/4=0-1");
+    SETTING(U_GetPeriodicSetting, U_SetPeriodicSetting,
+            "setting/12r backUp@0/1=0-1 hour@2/2=0-23 minute@4/2=0-59 server@8/4a");
+    SETTING(U_FlshSysGetEmailPort, U_SysSetEmailPort,
+            Phrase("codes/32r ports@0/%db=1-3", g_ucMaxPhyPort < 32 ? g_ucMaxPhyPort : 32).chars);
+    SETTING(U_FlshSysGetEmailPower, U_SysSetEmailPower, "codes/2b=1-2");
+    SETTING(U_SysGetEmailSyslog, U_SysSetEmailSyslog, "level/1=7-100");
+}
