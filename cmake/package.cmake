@@ -7,21 +7,25 @@ file(GLOB documents CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 
-# Once for man, and once as it is, for the links between the documents and for
-# the example, which takes the names of the codes from it.
-set(manual ${PROJECT_SOURCE_DIR}/docs/switch-config.8)
-set(compressed ${PROJECT_BINARY_DIR}/switch-config.8.gz)
-add_custom_command(OUTPUT ${compressed}
-  COMMAND ${CMAKE_COMMAND} -E copy ${manual} ${PROJECT_BINARY_DIR}
-  COMMAND gzip -9nf switch-config.8
-  DEPENDS ${manual} VERBATIM)
+# Each page once for man, and once as it is, for the links between the documents.
+file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.[58])
+foreach(page ${pages})
+  cmake_path(GET page FILENAME name)
+  string(REGEX MATCH ".$" section ${name})
+  add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/${name}.gz
+    COMMAND ${CMAKE_COMMAND} -E copy ${page} ${PROJECT_BINARY_DIR}
+    COMMAND gzip -9nf ${name}
+    DEPENDS ${page} VERBATIM)
+  list(APPEND compressed ${PROJECT_BINARY_DIR}/${name}.gz)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man${section})
+endforeach()
 add_custom_target(manual ALL DEPENDS ${compressed})
-install(FILES ${compressed} DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
-install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(PROGRAMS ${PROJECT_SOURCE_DIR}/docs/examples/careful-restore
   DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/examples)
 
 # The report codes for programs, one a line: number, name, section, sentence.
+set(manual ${PROJECT_SOURCE_DIR}/docs/switch-config.8)
 set(codes ${PROJECT_BINARY_DIR}/codes)
 set(make_codes ${PROJECT_SOURCE_DIR}/cmake/codes.awk)
 add_custom_command(OUTPUT ${codes}
