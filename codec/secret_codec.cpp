@@ -10,13 +10,13 @@ namespace {
 constexpr std::size_t block_size = 16;
 constexpr std::size_t block_digits = 32;
 
-// The tool key, for the SNMP secrets. The 0x00 in the middle belongs there.
+// The tool key, for SNMP secrets. The second 0x00 belongs there.
 constexpr uint8_t tool_key[32] = {
     0x00, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x99, 0x00, 0xaa, 0xbb, 0xcc, 0xdd, 0xee,
     0xff, 0x00, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x99, 0xaa, 0xbb, 0xcc, 0xdd, 0xee,
 };
 
-// The working storage of one block, wiped when it goes.
+// The working storage of one block, wiped when it goes out of scope.
 struct Block {
     uint8_t bytes[block_size] = {};
     AES_ctx context = {};
@@ -27,7 +27,7 @@ struct Block {
     }
 };
 
-// Encodes the first characters of the text, at most count, as 32 digits.
+// Encodes at most count characters as 32 digits.
 void encode_block(const char* text, std::size_t count, const uint8_t* aes_key, char* digits) {
     Block block;
     memcpy(block.bytes, text, strnlen(text, count));
@@ -39,7 +39,7 @@ void encode_block(const char* text, std::size_t count, const uint8_t* aes_key, c
     }
 }
 
-// Encodes as one block, or as two when the text has more characters than one holds.
+// Encodes one block, or two if the text has more characters than one holds.
 void encode(const char* text, std::size_t characters_per_block, const uint8_t* aes_key,
             char* digits) {
     encode_block(text, characters_per_block, aes_key, digits);
@@ -49,9 +49,8 @@ void encode(const char* text, std::size_t characters_per_block, const uint8_t* a
     }
 }
 
-// Decodes at most 32 digits into at most 16 characters and gives their number.
-// Of the padding only the last byte counts: 1 to 16 is its length, any other
-// value is text.
+// Decodes at most 32 digits into at most 16 characters; returns their number. The
+// last byte alone decides the padding: 1 to 16 is its length, any other is text.
 std::size_t decode_block(const char* digits, const uint8_t* aes_key, char* text) {
     char first_digits[block_digits + 1] = {};
     memcpy(first_digits, digits, strnlen(digits, block_digits));
@@ -69,7 +68,7 @@ std::size_t decode_block(const char* digits, const uint8_t* aes_key, char* text)
     return length;
 }
 
-// The second block follows the first at once.
+// The second block directly follows the first.
 void decode_appending(const char* digits, const uint8_t* aes_key, char (&secret)[secret_size]) {
     memset(secret, 0, sizeof secret);
     const std::size_t length = decode_block(digits, aes_key, secret);

@@ -12,11 +12,11 @@
 
 namespace {
 
-// Room for a document of the full size, and for one byte by which a larger one shows.
+// One byte more than the largest document, so that a larger one is noticed.
 char document_text[max_document_size + 1];
 
-// Reads the file to its end. -1 when that is not possible, or it is too large.
-// The size that the file system reports is no help: it may be 0 for an endless file.
+// Reads the file to its end. -1 if that fails or the file is too large. The size that
+// the file system reports does not help: it may be 0 for an endless file.
 ssize_t read_to_end(int file) {
     std::size_t size = 0;
     while (size < sizeof document_text) {
@@ -65,10 +65,10 @@ dictionary* parse(const char* path, std::size_t) {
 } // namespace
 
 dictionary* load_document(const char* path) {
-    // Without O_NONBLOCK, opening a named pipe would wait for its writer.
+    // Without O_NONBLOCK, opening a named pipe would wait for a writer.
     const int file = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (file < 0) {
-        return iniparser_load(path); // says that it cannot be opened
+        return iniparser_load(path); // prints why it cannot be opened
     }
     const ssize_t size = is_regular_file(file) ? read_to_end(file) : -1;
     close(file);
@@ -113,9 +113,9 @@ bool is_exactly_one(const dictionary* ini, const char* entry) {
     return strcmp(read_string(ini, entry, ""), "1") == 0;
 }
 
-// The reading of atoi, but the same on every machine where it leaves off: a
-// number from 2^31 to 2^32 - 1 gives its 32 bits, a larger one 32 one bits, a
-// smaller one than -2^31 the least number.
+// Reads as atoi does, and the same on every machine where atoi is undefined: 2^31 to
+// 2^32 - 1 give their 32 bits, anything larger 32 one bits, anything below -2^31 gives
+// -2^31.
 int decimal_value(const char* text) {
     const long long number = strtoll(text, nullptr, 10);
     if (number < INT32_MIN) {
@@ -133,12 +133,17 @@ Piece next_piece(const Piece& piece) {
     return first_piece(piece.text + piece.length);
 }
 
-// The library's readers of numbers and booleans crash on an entry that is a
-// section, hence the look before they are called.
+// The library's readers of numbers and booleans crash on an entry that is a section,
+// so these look whether there is a value first.
 
 int read_int(const dictionary* ini, const char* entry, int fallback) {
     return read_string(ini, entry, nullptr) != nullptr ? iniparser_getint(ini, entry, fallback)
                                                        : fallback;
+}
+
+std::optional<int> read_number(const dictionary* ini, const char* entry) {
+    const int value = read_int(ini, entry, -1);
+    return value != -1 ? std::optional<int>(value) : std::nullopt;
 }
 
 int read_boolean(const dictionary* ini, const char* entry, int fallback) {

@@ -6,6 +6,7 @@
 //   switch-config restore [KEEP]
 
 #include "frame/document.h"
+#include "frame/keep_config.h"
 #include "frame/modes.h"
 #include "platform/include/start_up.h"
 

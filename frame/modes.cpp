@@ -1,6 +1,7 @@
 #include "frame/modes.h"
 
 #include "frame/document.h"
+#include "frame/keep_config.h"
 #include "frame/report.h"
 #include "frame/section_order.h"
 #include "platform/include/return_codes.h"

@@ -38,8 +38,8 @@ void write_port_list(FILE* ini_file, const TstLPortMask& ports, int count) {
 
 namespace {
 
-// The id right behind the last physical port goes through as a port, not as a
-// trunk group: with 8 ports it is the one that is part of every list.
+// `>` on purpose: the id right after the last physical port counts as a port. With
+// 8 ports it is the one that every set gets.
 bool is_trunk(std::uint8_t logical_id) {
     return logical_id > g_ucMaxPhyPort;
 }

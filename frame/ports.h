@@ -6,22 +6,21 @@
 
 #include <cstdio>
 
-// The number that the keys of a port carry.
+// The number of a port in its keys.
 constexpr int key_number(int port) {
     return port + 1;
 }
 
-// Lists of ports in the document, "1,2,4", are read as naming the ports 1 to 8.
+// A list of ports in the document, "1,2,4", can name the ports 1 to 8.
 constexpr int listed_ports = 8;
 
-// Adds the ports of a list to a set, and with them logical port 8, the one behind
-// those that a list can name: it is part of every list. A port that is left out
-// is not added. Numbers that are no such port are ignored.
+// Adds the ports of a list to a set, and logical port 8, which no list can name
+// but every set gets. Leaves out the given port. Ignores all other numbers.
 constexpr int none_left_out = -1;
 void add_listed_ports(TstLPortMask& ports, const char* list, int left_out);
 
-// Writes the ports below count, and below 64, that are in the set, ascending.
+// Writes the ports of the set that are below count (at most 64), in ascending order.
 void write_port_list(FILE* ini_file, const TstLPortMask& ports, int count);
 
-// The physical ports behind a set of logical ports: trunk groups become their members.
+// Replaces trunk groups by their member ports.
 TstPPortMask physical_ports(const TstLPortMask& logical_ports);

@@ -6,7 +6,7 @@ int report_fault(FILE* error_file, int code) {
 }
 
 int check_present(const dictionary* ini, FILE* error_file, const char* entry, int not_found) {
-    return read_int(ini, entry, -1) == -1 ? report_fault(error_file, not_found) : 0;
+    return read_number(ini, entry) ? 0 : report_fault(error_file, not_found);
 }
 
 int run_check_steps(std::initializer_list<CheckStep> steps, const dictionary* ini,

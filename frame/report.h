@@ -1,16 +1,17 @@
-// The check report: one number, that of the first fault, or nothing; and the
-// steps that the section checks share.
+// The check report, which is empty or holds one code, and the steps that the
+// section checks share.
 //
-// A check gives 0 when its keys pass. At the first fault it writes the fault's
-// code and gives a nonzero value at once, which ends the check run.
+// A check returns 0 if its keys pass. At the first fault it writes the fault's code
+// and returns nonzero, which ends the run.
 #pragma once
 
 #include "frame/document.h"
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 
-// Writes a code, of usr_ret_e or a validator's own, and gives the value to return.
+// Writes a code, of usr_ret_e or of a validator, and returns the value to return.
 int report_fault(FILE* error_file, int code);
 
 // The codes of one key.
@@ -25,23 +26,19 @@ bool is_accepted(Result verdict) {
     return static_cast<std::uint8_t>(verdict) != 0;
 }
 
-// Judges a number read with fallback -1: -1 is not found, and a number that
-// the device's validator refuses is invalid.
+// An absent number is not found; one that the device's validator refuses is invalid.
 template <typename Validator>
-int check_value(FILE* error_file, int value, FaultCodes codes, Validator accepts) {
-    if (value == -1) {
+int check_value(FILE* error_file, std::optional<int> value, FaultCodes codes, Validator accepts) {
+    if (!value) {
         return report_fault(error_file, codes.not_found);
     }
-    if (!is_accepted(accepts(value))) {
-        return report_fault(error_file, codes.invalid);
-    }
-    return 0;
+    return is_accepted(accepts(*value)) ? 0 : report_fault(error_file, codes.invalid);
 }
 
 template <typename Validator>
 int check_number(const dictionary* ini, FILE* error_file, const char* entry, FaultCodes codes,
                  Validator accepts) {
-    return check_value(error_file, read_int(ini, entry, -1), codes, accepts);
+    return check_value(error_file, read_number(ini, entry), codes, accepts);
 }
 
 // The same for a text.
@@ -55,10 +52,10 @@ int check_text(const dictionary* ini, FILE* error_file, const char* entry, Fault
     return is_accepted(accepts(text)) ? 0 : report_fault(error_file, codes.invalid);
 }
 
-// Judges only whether there is a number other than -1.
+// Judges only whether the number is there.
 int check_present(const dictionary* ini, FILE* error_file, const char* entry, int not_found);
 
-// Runs the sub-steps of a section's check in order; the first that fails ends it.
+// Runs the steps of a section's check in order; the first that fails ends it.
 using CheckStep = int (*)(const dictionary* ini, FILE* error_file);
 int run_check_steps(std::initializer_list<CheckStep> steps, const dictionary* ini,
                     FILE* error_file);

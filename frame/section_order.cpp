@@ -1,5 +1,6 @@
 #include "frame/section_order.h"
 
+#include "frame/keep_config.h"
 #include "sections/security/accounts.h"
 #include "sections/security/auth_server.h"
 #include "sections/security/dot1x.h"
@@ -17,7 +18,7 @@
 #include "sections/system/identity.h"
 #include "sections/system/periodic_backup.h"
 #include "sections/system/ports.h"
-#include "sections/system/service_switches.h"
+#include "sections/system/service_flags.h"
 #include "sections/system/warnings.h"
 
 #include <iterator>
@@ -27,76 +28,76 @@ namespace {
 // What a section does in each mode.
 struct Section {
     void (*backup)(FILE* ini_file);
-    int (*check)(const dictionary* ini, FILE* error_file); // null: accepted as it is
+    int (*check)(const dictionary* ini, FILE* error_file); // null: never refused
     void (*restore)(const dictionary* ini);                // null: never applied
-    std::uint32_t keep;                                    // the bit that keeps the device's own
+    std::uint32_t keep = 0;                                // the bit that keeps the device's own
 };
 
+// In the order of the document.
+
 constexpr Section system_information{backup_ini_system_information, check_ini_system_information,
-                                     nullptr, 0};
+                                     nullptr};
 constexpr Section system_settings{backup_ini_system_settings, check_ini_system_settings,
-                                  restore_ini_system_settings, 0};
+                                  restore_ini_system_settings};
 constexpr Section network_settings{backup_ini_network_settings, check_ini_network_settings,
                                    restore_ini_network_settings, KEEP_CONFIG_NETWORK};
 constexpr Section password{backup_ini_password, check_ini_password, restore_ini_password,
                            KEEP_CONFIG_PASSWORD};
 constexpr Section port_settings{backup_ini_port_settings, check_ini_port_settings,
-                                restore_ini_port_settings, 0};
+                                restore_ini_port_settings};
 
 constexpr Section snmp_settings{backup_ini_snmp_settings, check_ini_snmp_settings,
-                                restore_ini_snmp_settings, 0};
+                                restore_ini_snmp_settings};
 constexpr Section modbus_tcp_settings{backup_ini_modbus_tcp_settings, check_ini_modbusTcp_settings,
-                                      restore_ini_modbusTcp_settings, 0};
+                                      restore_ini_modbusTcp_settings};
 constexpr Section system_log_settings{backup_ini_system_log_settings, check_ini_systemLog_settings,
-                                      restore_ini_systemLog_settings, 0};
-constexpr Section static_sak{backup_ini_static_sak, check_ini_static_sak, restore_ini_static_sak,
-                             0};
+                                      restore_ini_systemLog_settings};
+
+constexpr Section static_sak{backup_ini_static_sak, check_ini_static_sak, restore_ini_static_sak};
 constexpr Section dot1x_settings{backup_ini_dot1x_settings, check_ini_dot1x_settings,
-                                 restore_ini_dot1x_settings, 0};
+                                 restore_ini_dot1x_settings};
 constexpr Section dot1x_parameter{backup_ini_dot1x_parameter, check_ini_dot1x_parameter,
-                                  restore_ini_dot1x_parameter, 0};
-constexpr Section dot1x_port{backup_ini_dot1x_port, check_ini_dot1x_port, restore_ini_dot1x_port,
-                             0};
-constexpr Section lldp{backup_ini_lldp_settings, check_ini_lldp, restore_ini_lldp, 0};
-constexpr Section port_mirror{backup_ini_port_mirror_settings, check_ini_port_mirror,
-                              restore_ini_port_mirror, 0};
-constexpr Section sntp{backup_ini_sntp_settings, check_ini_sntp, restore_ini_sntp, 0};
-constexpr Section https{backup_ini_https_settings, check_ini_https, restore_ini_https, 0};
-constexpr Section auto_default{backup_ini_adefault_settings, check_ini_adefault,
-                               restore_ini_adefault, 0};
-constexpr Section auth_server{backup_ini_authserver_settings, check_ini_authserver,
-                              restore_ini_authserver, 0};
-constexpr Section periodic_backup{backup_ini_periodicbackup_settings, nullptr,
-                                  restore_ini_periodic_backup, 0};
-constexpr Section warning_alarm{backup_ini_warning_alarm_settings, nullptr,
-                                restore_ini_warning_alarm, 0};
-constexpr Section smtp{backup_ini_smtp_settings, nullptr, restore_ini_smtp, 0};
-
-constexpr Section vlan_settings{backup_ini_vlan_settings, check_ini_vlan, restore_ini_vlan, 0};
-constexpr Section rstp_settings{backup_ini_rstp_settings, check_ini_rstp, restore_ini_rstp, 0};
+                                  restore_ini_dot1x_parameter};
+constexpr Section dot1x_port{backup_ini_dot1x_port, check_ini_dot1x_port, restore_ini_dot1x_port};
+constexpr Section vlan_settings{backup_ini_vlan_settings, check_ini_vlan, restore_ini_vlan};
+constexpr Section rstp_settings{backup_ini_rstp_settings, check_ini_rstp, restore_ini_rstp};
+constexpr Section lldp{backup_ini_lldp_settings, check_ini_lldp, restore_ini_lldp};
 constexpr Section port_security_settings{backup_ini_port_security_settings, nullptr,
-                                         restore_ini_port_security, 0};
-constexpr Section acl_settings{backup_ini_acl_settings, nullptr, restore_ini_acl, 0};
-constexpr Section qos_settings{backup_ini_qos_settings, nullptr, restore_ini_qos, 0};
-constexpr Section cos_queue_mapping{backup_ini_cos_queue_mapping, nullptr, nullptr, 0};
-constexpr Section dscp_mapping{backup_ini_dscp_mapping, nullptr, nullptr, 0};
+                                         restore_ini_port_security};
+constexpr Section port_mirror{backup_ini_port_mirror_settings, check_ini_port_mirror,
+                              restore_ini_port_mirror};
+constexpr Section sntp{backup_ini_sntp_settings, check_ini_sntp, restore_ini_sntp};
+constexpr Section acl_settings{backup_ini_acl_settings, nullptr, restore_ini_acl};
+constexpr Section https{backup_ini_https_settings, check_ini_https, restore_ini_https};
+constexpr Section auto_default{backup_ini_adefault_settings, check_ini_adefault,
+                               restore_ini_adefault};
+constexpr Section auth_server{backup_ini_authserver_settings, check_ini_authserver,
+                              restore_ini_authserver};
+constexpr Section periodic_backup{backup_ini_periodicbackup_settings, nullptr,
+                                  restore_ini_periodic_backup};
+constexpr Section warning_alarm{backup_ini_warning_alarm_settings, nullptr,
+                                restore_ini_warning_alarm};
+constexpr Section smtp{backup_ini_smtp_settings, nullptr, restore_ini_smtp};
+constexpr Section qos_settings{backup_ini_qos_settings, nullptr, restore_ini_qos};
+constexpr Section cos_queue_mapping{backup_ini_cos_queue_mapping, nullptr, nullptr};
+constexpr Section dscp_mapping{backup_ini_dscp_mapping, nullptr, nullptr};
 
-// A line of the document order: a banner, or a section.
-struct Place {
+// An item of the document: a banner or a section.
+struct Item {
     const char* banner;
     const Section* section;
 };
 
-constexpr Place banner(const char* group) {
+constexpr Item banner(const char* group) {
     return {group, nullptr};
 }
 
-constexpr Place section(const Section& section) {
+constexpr Item section(const Section& section) {
     return {nullptr, &section};
 }
 
 // clang-format off
-constexpr Place document_order[] = {
+constexpr Item document_order[] = {
     banner("Information"),
     section(system_information),
     banner("Configuration"),
@@ -131,7 +132,7 @@ constexpr Place document_order[] = {
     section(dscp_mapping),
 };
 
-// Check and restore. The order decides which of several faults is reported.
+// Check and restore. Of several faults, check reports the first in this order.
 constexpr const Section* apply_order[] = {
     &system_information,
     &system_settings,
@@ -148,7 +149,7 @@ constexpr const Section* apply_order[] = {
     &vlan_settings,
     &rstp_settings,
     &lldp,
-    &sntp, // earlier than in the document: the first fault and the calls go by this
+    &sntp, // earlier than in the document
     &port_security_settings,
     &port_mirror,
     &acl_settings,
@@ -158,21 +159,21 @@ constexpr const Section* apply_order[] = {
     &periodic_backup,
     &warning_alarm,
     &smtp,
-    &qos_settings, // the two mappings are applied with it
+    &qos_settings, // applies the two mappings as well
     &cos_queue_mapping,
     &dscp_mapping,
 };
 // clang-format on
 
-constexpr std::size_t places_in_document(const Section* section) {
+constexpr std::size_t times_in_document(const Section* section) {
     std::size_t count = 0;
-    for (const Place& place : document_order) {
-        count += place.section == section ? 1 : 0;
+    for (const Item& item : document_order) {
+        count += item.section == section ? 1 : 0;
     }
     return count;
 }
 
-constexpr std::size_t places_in_apply_order(const Section* section) {
+constexpr std::size_t times_in_apply_order(const Section* section) {
     std::size_t count = 0;
     for (const Section* applied : apply_order) {
         count += applied == section ? 1 : 0;
@@ -182,11 +183,11 @@ constexpr std::size_t places_in_apply_order(const Section* section) {
 
 constexpr bool both_orders_hold_the_same_sections() {
     for (const Section* section : apply_order) {
-        if (places_in_document(section) != 1 || places_in_apply_order(section) != 1) {
+        if (times_in_document(section) != 1 || times_in_apply_order(section) != 1) {
             return false;
         }
     }
-    const std::size_t banners = places_in_document(nullptr);
+    const std::size_t banners = times_in_document(nullptr);
     return std::size(document_order) == std::size(apply_order) + banners;
 }
 static_assert(both_orders_hold_the_same_sections());
@@ -195,11 +196,11 @@ static_assert(both_orders_hold_the_same_sections());
 
 void write_sections(FILE* ini_file) {
     write_header(ini_file);
-    for (const Place& place : document_order) {
-        if (place.section != nullptr) {
-            place.section->backup(ini_file);
+    for (const Item& item : document_order) {
+        if (item.section != nullptr) {
+            item.section->backup(ini_file);
         } else {
-            write_banner(ini_file, place.banner);
+            write_banner(ini_file, item.banner);
         }
     }
 }

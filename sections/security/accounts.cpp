@@ -1,30 +1,31 @@
-// Names and passwords stand in the document in plain text. Their keys carry
-// the number of the account's slot, from 0, so that an empty slot leaves a gap.
-// Restore adds the accounts of the document to those of the device.
+// The document holds names and passwords in plain text. The number in a key is the
+// account's slot, from 0, so an empty slot leaves a gap. Restore adds to the device's
+// accounts; it deletes none but one with an empty name.
 
 #include "sections/security/accounts.h"
 
-#include "codec/secret.h"
+#include "frame/text.h"
 #include "platform/include/accounts.h"
 
 namespace {
 
 constexpr std::uint8_t slots = 15;
-constexpr std::uint8_t text_size = 32; // of a name or password, terminator included
+constexpr std::uint8_t text_size = 32;  // of a name or password, terminator included
+constexpr std::size_t number_size = 64; // of the texts that numbers are read from
 
 using AccountName = Text<text_size>;
 using Password = Secret<text_size>;
 
 void write_account(FILE* ini_file, int slot, const account_t& account) {
     account_err_t error = ACCOUNT_ERROR_NONE;
-    // One byte more than the library is told of, so that both are terminated.
+    // One byte more than the size the library is told, so that both are terminated.
     Text<text_size + 1> name;
     Secret<text_size + 1> password;
     account_decryptUsername(&account, name.chars, text_size, &error);
     account_decryptPassword(&account, password.chars, text_size, &error);
-    fprintf(ini_file, "%s%d = \"%s\" ;\n", "user name", slot, name.chars);
-    fprintf(ini_file, "%s%d = \"%s\" ;\n", "password", slot, password.chars);
-    fprintf(ini_file, "%s%d = \"%d\" ;\n", "access_right", slot, account.access_right);
+    fprintf(ini_file, "user name%d = \"%s\" ;\n", slot, name.chars);
+    fprintf(ini_file, "password%d = \"%s\" ;\n", slot, password.chars);
+    fprintf(ini_file, "access_right%d = \"%d\" ;\n", slot, account.access_right);
 }
 
 } // namespace
@@ -43,8 +44,8 @@ void backup_ini_password(FILE* ini_file) {
     std::uint8_t maximum = 0;
     usrflsh_getPSWD_minLen(&minimum);
     usrflsh_getPSWD_maxLen(&maximum);
-    fprintf(ini_file, "%s = \"%d\" ;\n", "minimum_length", minimum);
-    fprintf(ini_file, "%s = \"%d\" ;\n", "maximum_length", maximum);
+    fprintf(ini_file, "minimum_length = \"%d\" ;\n", minimum);
+    fprintf(ini_file, "maximum_length = \"%d\" ;\n", maximum);
 }
 
 // Nothing in this section is a fault.
@@ -54,7 +55,7 @@ int check_ini_password(const dictionary*, FILE*) {
 
 namespace {
 
-// A slot without keys adds an account with an empty name, which is removed again.
+// A slot without keys adds an account with an empty name, which is deleted again.
 void restore_account(const dictionary* ini, int slot) {
     SecretRecord<account_t> record;
     account_t& account = record.value;
@@ -65,7 +66,8 @@ void restore_account(const dictionary* ini, int slot) {
 
     account_encryptUsername(&account, name.chars, text_size, &error);
     account_encryptPassword(&account, password.chars, text_size, &error);
-    account.access_right = read_decimal<64>(ini, EntryName("password:access_right%d", slot));
+    account.access_right =
+        read_decimal<number_size>(ini, EntryName("password:access_right%d", slot));
     account_addToFlash(&account, &error);
 
     // Cleared first: a library that does not encrypt an empty name would leave the
@@ -82,7 +84,7 @@ void restore_ini_password(const dictionary* ini) {
         restore_account(ini, slot);
     }
     usrflsh_setPSWD_minLen(
-        static_cast<std::uint8_t>(read_decimal<64>(ini, "password:minimum_length")));
+        static_cast<std::uint8_t>(read_decimal<number_size>(ini, "password:minimum_length")));
     usrflsh_setPSWD_maxLen(
-        static_cast<std::uint8_t>(read_decimal<64>(ini, "password:maximum_length")));
+        static_cast<std::uint8_t>(read_decimal<number_size>(ini, "password:maximum_length")));
 }

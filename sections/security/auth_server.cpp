@@ -1,10 +1,10 @@
-// The shared key stands in the document in plain text. Restore applies the
-// server only when the document switches it on.
+// The document holds the shared key in plain text. Restore applies the server only
+// if the document turns it on.
 
 #include "sections/security/auth_server.h"
 
-#include "codec/secret.h"
 #include "frame/report.h"
+#include "frame/text.h"
 #include "platform/include/login_server.h"
 #include "platform/include/return_codes.h"
 
@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr std::size_t shared_key_size = 30;
+constexpr std::size_t shared_key_size = 30; // terminator included
+constexpr std::size_t number_size = 32;     // of the texts that numbers are read from
 constexpr char apply = 1;
 
 } // namespace
@@ -22,7 +23,7 @@ void backup_ini_authserver_settings(FILE* ini_file) {
     std::uint8_t kind = 0;
     IP_ADDR_T address = {};
     std::uint16_t port = 1812;
-    Secret<shared_key_size + 1> shared_key; // a key that fills its field is terminated
+    Secret<shared_key_size + 1> shared_key; // terminates a key that fills its field
     std::uint8_t method = 0;
     std::uint8_t timeout = 1;
     Text<INET6_ADDRSTRLEN> address_text;
@@ -48,8 +49,8 @@ int check_ini_authserver(const dictionary* ini, FILE* error_file) {
 
 namespace {
 
-// Only the switch changes; the device keeps its server.
-void switch_off() {
+// Only the flag changes; the device keeps its server.
+void turn_off() {
     std::uint8_t enabled = 0;
     std::uint8_t kind = 0;
     U_LoginAuthSrvGetEbl(&enabled, &kind);
@@ -65,15 +66,15 @@ bool is_cut_ipv6_address(const char* text) {
     return strlen(text) > max_address_length && memchr(text, ':', max_address_length) != nullptr;
 }
 
-// An address that does not convert leaves everything as it is, the switch included.
-void switch_on(const dictionary* ini) {
-    const int kind = read_decimal<32>(ini, "auth server setting:server type");
+// If the address does not convert, nothing changes, not even the flag.
+void turn_on(const dictionary* ini) {
+    const int kind = read_decimal<number_size>(ini, "auth server setting:server type");
     const auto address_text = read_text<INET_ADDRSTRLEN>(ini, address_entry);
-    const int port = read_decimal<32>(ini, "auth server setting:server port");
+    const int port = read_decimal<number_size>(ini, "auth server setting:server port");
     Secret<shared_key_size> shared_key;
     copy_text(shared_key.chars, read_string(ini, "auth server setting:shared key", ""));
-    const int method = read_decimal<32>(ini, "auth server setting:authentication type");
-    const int timeout = read_decimal<32>(ini, "auth server setting:server timeout");
+    const int method = read_decimal<number_size>(ini, "auth server setting:authentication type");
+    const int timeout = read_decimal<number_size>(ini, "auth server setting:server timeout");
 
     IP_ADDR_T address = {};
     if (is_cut_ipv6_address(read_string(ini, address_entry, "")) ||
@@ -88,10 +89,10 @@ void switch_on(const dictionary* ini) {
 } // namespace
 
 void restore_ini_authserver(const dictionary* ini) {
-    const int enabled = read_decimal<32>(ini, "auth server setting:authentication server");
+    const int enabled = read_decimal<number_size>(ini, "auth server setting:authentication server");
     if (static_cast<std::uint8_t>(enabled) == 1) {
-        switch_on(ini);
+        turn_on(ini);
     } else {
-        switch_off();
+        turn_off();
     }
 }

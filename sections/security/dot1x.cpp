@@ -1,6 +1,6 @@
-// The RADIUS shared key stands in the document as encrypted hex text. While
-// the document's switch is off, check refuses every RADIUS field that differs
-// from the device's; while it is on, the fields are only validated.
+// The document holds the RADIUS shared key as encrypted hex text. While 802.1X is
+// off in the document, check refuses every RADIUS field that differs from the
+// device's; while it is on, check only validates the fields.
 
 #include "sections/security/dot1x.h"
 
@@ -18,7 +18,14 @@ namespace {
 constexpr std::uint16_t default_server_port = 1812;
 constexpr std::uint16_t default_accounting_port = 1813;
 constexpr std::size_t max_nas_identifier = 29;
-constexpr std::uint8_t text_size = 30; // of the NAS identifier and the plain shared key
+constexpr std::uint8_t field_size =
+    30; // of NAS identifier and plain shared key, terminator included
+
+// Of the texts that are read from the document, terminator included.
+constexpr std::size_t checked_size = 70;
+constexpr std::size_t restored_size = 65;
+constexpr std::size_t parameter_size = 32;
+constexpr std::size_t mode_size = 64;
 
 struct RadiusServer {
     std::uint32_t address = 0;
@@ -32,19 +39,19 @@ RadiusServer stored_server() {
     return server;
 }
 
-// The device's texts may fill their fields: one byte more terminates them.
-using NasIdentifier = Text<text_size + 1>;
+// A text of the device may fill its field: one byte more terminates it.
+using NasIdentifier = Text<field_size + 1>;
 
 NasIdentifier stored_nas_identifier() {
     NasIdentifier identifier;
-    U_FlshDot1xGetRdsId(identifier.chars, text_size);
+    U_FlshDot1xGetRdsId(identifier.chars, field_size);
     return identifier;
 }
 
 Text<encrypted_size> encrypted_stored_key() {
-    Secret<text_size + 1> plain;
+    Secret<field_size + 1> plain;
     Text<encrypted_size> encrypted;
-    U_FlshDot1xGetRdsKey(plain.chars, text_size);
+    U_FlshDot1xGetRdsKey(plain.chars, field_size);
     encrypt_dot1x_key(plain.chars, encrypted.chars);
     return encrypted;
 }
@@ -62,36 +69,36 @@ void backup_ini_dot1x_settings(FILE* ini_file) {
     const Text<encrypted_size> shared_key = encrypted_stored_key();
 
     write_section_line(ini_file, "802.1x setting");
-    fprintf(ini_file, "%s = %d ;\n", "802.1x", static_cast<std::int8_t>(enabled));
-    fprintf(ini_file, "%s = \"%s\" ;\n", "radius server ip", address.chars);
-    fprintf(ini_file, "%s = %d ;\n", "server port", server.server_port);
-    fprintf(ini_file, "%s = %d ;\n", "accounting port", server.accounting_port);
-    fprintf(ini_file, "%s = \"%s\" ;\n", "nas identifier", identifier.chars);
-    fprintf(ini_file, "%s = \"%s\" ;\n", "shared key", shared_key.chars);
+    fprintf(ini_file, "802.1x = %d ;\n", static_cast<std::int8_t>(enabled));
+    fprintf(ini_file, "radius server ip = \"%s\" ;\n", address.chars);
+    fprintf(ini_file, "server port = %d ;\n", server.server_port);
+    fprintf(ini_file, "accounting port = %d ;\n", server.accounting_port);
+    fprintf(ini_file, "nas identifier = \"%s\" ;\n", identifier.chars);
+    fprintf(ini_file, "shared key = \"%s\" ;\n", shared_key.chars);
 }
 
 namespace {
 
-// The fields of the document, as texts. An over-long one stays over-long.
-struct RadiusTexts {
-    explicit RadiusTexts(const dictionary* ini)
-        : address(read_text<70>(ini, "802.1x setting:radius server ip")),
-          server_port(read_decimal<70>(ini, "802.1x setting:server port")),
-          accounting_port(read_decimal<70>(ini, "802.1x setting:accounting port")),
-          nas_identifier(read_text<70>(ini, "802.1x setting:nas identifier")),
-          shared_key(read_text<70>(ini, "802.1x setting:shared key")) {}
+// The fields as the document has them, with room for texts that are too long.
+struct RadiusFields {
+    explicit RadiusFields(const dictionary* ini)
+        : address(read_text<checked_size>(ini, "802.1x setting:radius server ip")),
+          server_port(read_decimal<checked_size>(ini, "802.1x setting:server port")),
+          accounting_port(read_decimal<checked_size>(ini, "802.1x setting:accounting port")),
+          nas_identifier(read_text<checked_size>(ini, "802.1x setting:nas identifier")),
+          shared_key(read_text<checked_size>(ini, "802.1x setting:shared key")) {}
 
-    Text<70> address;
+    Text<checked_size> address;
     int server_port;
     int accounting_port;
-    Text<70> nas_identifier;
-    Text<70> shared_key;
+    Text<checked_size> nas_identifier;
+    Text<checked_size> shared_key;
 };
 
-// Switched off: nothing may change. The address is compared as a number, so
-// that its text form does not matter. The key is compared in encrypted form,
-// which is the same for the same key; the document's is never decoded here.
-int check_unchanged(const RadiusTexts& document, FILE* error_file) {
+// 802.1X is off: nothing may change. Addresses are compared as numbers, so their
+// text form does not matter. Keys are compared encrypted: the same key always gives
+// the same text, and check never decodes the document's.
+int check_unchanged(const RadiusFields& document, FILE* error_file) {
     const RadiusServer stored = stored_server();
     unsigned long address = 0;
     str_to_ip(&address, document.address.chars);
@@ -117,8 +124,8 @@ bool is_port(int number) {
     return static_cast<unsigned>(number) <= 65535;
 }
 
-// Switched on: the digits of the shared key are not looked at.
-int check_valid(const RadiusTexts& document, FILE* error_file) {
+// 802.1X is on. Only the length of the shared key is judged, not its digits.
+int check_valid(const RadiusFields& document, FILE* error_file) {
     unsigned long unused = 0;
     if (str_to_ip(&unused, document.address.chars) != 0) {
         return report_fault(error_file, USR_RET_ERR_DOT1X_SERVER_IP);
@@ -142,28 +149,29 @@ int check_valid(const RadiusTexts& document, FILE* error_file) {
 } // namespace
 
 int check_ini_dot1x_settings(const dictionary* ini, FILE* error_file) {
-    const RadiusTexts document(ini);
+    const RadiusFields document(ini);
     return read_boolean(ini, "802.1x setting:802.1x", 0) != 0
                ? check_valid(document, error_file)
                : check_unchanged(document, error_file);
 }
 
-// What does not convert is applied as 0, and a missing shared key as what the
-// empty text decodes to.
+// Text that does not convert is applied as 0. A missing shared key is applied as what
+// the empty text decodes to.
 void restore_ini_dot1x_settings(const dictionary* ini) {
     U_Dot1xSetEbl(static_cast<char>(read_boolean(ini, "802.1x setting:802.1x", 0)));
 
     unsigned long address = 0;
-    str_to_ip(&address, read_text<65>(ini, "802.1x setting:radius server ip").chars);
-    const int server_port = read_decimal<65>(ini, "802.1x setting:server port");
-    const int accounting_port = read_decimal<65>(ini, "802.1x setting:accounting port");
+    str_to_ip(&address, read_text<restored_size>(ini, "802.1x setting:radius server ip").chars);
+    const int server_port = read_decimal<restored_size>(ini, "802.1x setting:server port");
+    const int accounting_port = read_decimal<restored_size>(ini, "802.1x setting:accounting port");
     U_Dot1xSetRds(static_cast<std::uint32_t>(address), static_cast<std::uint16_t>(server_port),
                   static_cast<std::uint16_t>(accounting_port));
 
-    U_Dot1xSetRdsId(read_text<65>(ini, "802.1x setting:nas identifier").chars);
+    U_Dot1xSetRdsId(read_text<restored_size>(ini, "802.1x setting:nas identifier").chars);
 
     Secret<secret_size> shared_key;
-    decrypt_dot1x_key(read_text<65>(ini, "802.1x setting:shared key").chars, shared_key.chars);
+    decrypt_dot1x_key(read_text<restored_size>(ini, "802.1x setting:shared key").chars,
+                      shared_key.chars);
     U_Dot1xSetRdsKey(shared_key.chars);
 }
 
@@ -183,24 +191,24 @@ void backup_ini_dot1x_parameter(FILE* ini_file) {
     U_Dot1xGetTimeoutReauth(&reauth_period);
 
     write_section_line(ini_file, "802.1x parameter setting");
-    fprintf(ini_file, "%s = %d ;\n", "quiet period", quiet_period);
-    fprintf(ini_file, "%s = %d ;\n", "tx period", tx_period);
-    fprintf(ini_file, "%s = %d ;\n", "supplicant timeout", supplicant_timeout);
-    fprintf(ini_file, "%s = %d ;\n", "server timeout", server_timeout);
-    fprintf(ini_file, "%s = %d ;\n", "maximum requests", maximum_requests);
-    fprintf(ini_file, "%s = %ld ;\n", "reauth period", signed_32_bits(reauth_period));
+    fprintf(ini_file, "quiet period = %d ;\n", quiet_period);
+    fprintf(ini_file, "tx period = %d ;\n", tx_period);
+    fprintf(ini_file, "supplicant timeout = %d ;\n", supplicant_timeout);
+    fprintf(ini_file, "server timeout = %d ;\n", server_timeout);
+    fprintf(ini_file, "maximum requests = %d ;\n", maximum_requests);
+    fprintf(ini_file, "reauth period = %ld ;\n", signed_32_bits(reauth_period));
 }
 
 namespace {
 
 int read_parameter(const dictionary* ini, const char* entry) {
-    return read_decimal<32>(ini, entry);
+    return read_decimal<parameter_size>(ini, entry);
 }
 
 struct ParameterRange {
     const char* entry;
     unsigned minimum;
-    unsigned maximum; // a negative number is above it
+    unsigned maximum; // negative numbers are above it
     int fault;
 };
 
@@ -245,10 +253,11 @@ void restore_ini_dot1x_parameter(const dictionary* ini) {
 
 namespace {
 
-constexpr std::uint8_t no_mode = 3; // what "N/A" and any unknown text stand for
+constexpr std::uint8_t no_mode = 3; // "N/A", and any unknown text
 
-Text<64> read_port_mode(const dictionary* ini, int port) {
-    return read_text<64>(ini, EntryName("%s:port%d_mode", "802.1x port setting", key_number(port)));
+Text<mode_size> read_port_mode(const dictionary* ini, int port) {
+    return read_text<mode_size>(ini,
+                                EntryName("802.1x port setting:port%d_mode", key_number(port)));
 }
 
 std::uint8_t port_mode(const char* text) {
@@ -268,7 +277,7 @@ std::uint8_t port_mode(const char* text) {
 
 void backup_ini_dot1x_port(FILE* ini_file) {
     write_section_line(ini_file, "802.1x port setting");
-    std::uint8_t mode = 0; // a port that cannot be read is written like the one before it
+    std::uint8_t mode = 0; // a port that cannot be read is written as the one before it
     for (std::uint8_t port = 0; port < g_ucMaxPhyPort; ++port) {
         U_Dot1xGetPortMode(port, &mode);
         switch (mode) {
@@ -290,7 +299,7 @@ void backup_ini_dot1x_port(FILE* ini_file) {
 
 int check_ini_dot1x_port(const dictionary* ini, FILE* error_file) {
     for (int port = 0; port < g_ucMaxPhyPort; ++port) {
-        const Text<64> text = read_port_mode(ini, port);
+        const Text<mode_size> text = read_port_mode(ini, port);
         if (port_mode(text.chars) == no_mode && strcmp(text.chars, "N/A") != 0) {
             return report_fault(error_file, USR_RET_ERR_DOT1X_PORT_MODE);
         }

@@ -1,6 +1,5 @@
-// Only these two ports have static keys; their numbers are part of the keys'
-// names, whatever the number of ports. SCI and SAK stand in the document as
-// encrypted hex text.
+// Only ports 7 and 8 have static keys, however many ports the device has. The
+// document holds SCI and SAK as encrypted hex text.
 
 #include "sections/security/static_sak.h"
 
@@ -32,21 +31,21 @@ int read_status(const dictionary* ini, int port) {
 
 void write_port(FILE* ini_file, int port) {
     SecretRecord<TstFlshMacsectEntry> record;
-    TstFlshMacsectEntry& entry = record.value;
-    U_MacsecGetPortConf(device_port(port), &entry);
+    TstFlshMacsectEntry& stored = record.value;
+    U_MacsecGetPortConf(device_port(port), &stored);
 
-    // A text that fills its field ends there.
-    Secret<sizeof entry.key.sci + 1> sci;
-    Secret<sizeof entry.key.sak + 1> sak;
-    memcpy(sci.chars, entry.key.sci, sizeof entry.key.sci);
-    memcpy(sak.chars, entry.key.sak, sizeof entry.key.sak);
+    // A text may fill its field: one byte more terminates it.
+    Secret<sizeof stored.key.sci + 1> sci;
+    Secret<sizeof stored.key.sak + 1> sak;
+    memcpy(sci.chars, stored.key.sci, sizeof stored.key.sci);
+    memcpy(sak.chars, stored.key.sak, sizeof stored.key.sak);
 
     Text<encrypted_size> encrypted_sci;
     Text<encrypted_size> encrypted_sak;
     encrypt_sci(sci.chars, encrypted_sci.chars);
     encrypt_sak(sak.chars, encrypted_sak.chars);
 
-    fprintf(ini_file, "port %d static sak status = %d ;\n", port, entry.status);
+    fprintf(ini_file, "port %d static sak status = %d ;\n", port, stored.status);
     fprintf(ini_file, "port %d sci = \"%s\" ;\n", port, encrypted_sci.chars);
     fprintf(ini_file, "port %d sak = \"%s\" ;\n", port, encrypted_sak.chars);
 }
@@ -94,7 +93,7 @@ int check_port(const dictionary* ini, FILE* error_file, int port) {
     return 0;
 }
 
-// A missing text decodes like an empty one and is set all the same.
+// A missing text is decoded like an empty one, and is set too.
 void restore_port(const dictionary* ini, int port) {
     const auto status = static_cast<std::uint8_t>(read_status(ini, port));
     Secret<secret_size> sci;

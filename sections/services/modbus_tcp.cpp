@@ -1,5 +1,5 @@
-// Restore sets only what differs, since each change disturbs a running
-// service, and stops the service while its port changes.
+// Restore sets only what differs, because each change disturbs a running service.
+// It stops the service while the port changes.
 
 #include "sections/services/modbus_tcp.h"
 
@@ -89,7 +89,7 @@ void restore_modbus_address(const dictionary* ini) {
     }
 }
 
-// The service that has just been switched on is started as well.
+// Turning the service on also starts it.
 void restore_modbus_status(const dictionary* ini) {
     const int status = read_int(ini, "modbus tcp settings:modbus", 0);
     if (status == stored_status()) {
@@ -101,7 +101,7 @@ void restore_modbus_status(const dictionary* ini) {
     }
 }
 
-// Reads the service's state again: it may just have been changed.
+// Reads the service's state again, because it may just have changed.
 void restore_modbus_port(const dictionary* ini) {
     const int port = read_int(ini, "modbus tcp settings:modbus port", default_port);
     if (static_cast<std::uint32_t>(port) == static_cast<std::uint32_t>(stored_port())) {

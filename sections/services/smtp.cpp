@@ -1,18 +1,20 @@
-// The password stands in the document in plain text. It and the user name are
-// kept also while they are not used.
+// The document holds the password in plain text, and user name and password even
+// while authentication is off.
 
 #include "sections/services/smtp.h"
 
-#include "codec/secret.h"
+#include "frame/text.h"
 #include "platform/include/smtp.h"
 
 namespace {
 
-// Fields of the device, terminator included. Reading gives them one byte more,
-// so that a text that fills its field is terminated.
+// The device's fields, terminator included.
 constexpr std::uint8_t text_size = 32;
 constexpr std::size_t password_size = 16;
 
+constexpr std::size_t number_size = 64; // of the texts that numbers are read from
+
+// A text of the device may fill its field: one byte more terminates it.
 using StoredText = Text<text_size + 1>;
 
 void write_texts(FILE* ini_file) {
@@ -27,7 +29,7 @@ void write_texts(FILE* ini_file) {
     fprintf(ini_file, "subject of mail         = \"%s\" ;\n", subject.chars);
 }
 
-// The flags are on where they cannot be read.
+// A flag that cannot be read is written as on.
 void write_login(FILE* ini_file) {
     char authentication = 1;
     char tls = 1;
@@ -61,13 +63,13 @@ void backup_ini_smtp_settings(FILE* ini_file) {
     write_recipients(ini_file);
 }
 
-// All are read before the first is set, and applied once all are stored.
+// Reads all before it sets the first; applies them after the last is stored.
 void restore_ini_smtp(const dictionary* ini) {
     auto server = read_text<text_size>(ini, "smtp setting:SMTP server");
     auto sender = read_text<text_size>(ini, "smtp setting:sender address");
     auto subject = read_text<text_size>(ini, "smtp setting:subject of mail");
-    const int authentication = read_decimal<64>(ini, "smtp setting:authentication");
-    const int tls = read_decimal<64>(ini, "smtp setting:tls/ssl");
+    const int authentication = read_decimal<number_size>(ini, "smtp setting:authentication");
+    const int tls = read_decimal<number_size>(ini, "smtp setting:tls/ssl");
     auto username = read_text<text_size>(ini, "smtp setting:username");
     Secret<password_size> password;
     copy_text(password.chars, read_string(ini, "smtp setting:password", ""));

@@ -1,5 +1,5 @@
 // "smtp setting": the server, sender, subject and recipients of the mail that
-// the switch sends. Check accepts it as it is.
+// the switch sends. Check judges none of it.
 #pragma once
 
 #include "frame/document.h"

@@ -1,8 +1,7 @@
-// Numbered keys count from 1 and are grouped by kind: all community strings,
-// then all permission types, and so on. Backup writes as many as the device
-// reports; check and restore read the numbers 1 to 15, and 1 and 2 of the
-// users. Community strings stand in the document as they are, the secrets of
-// the users as encrypted hex text.
+// Numbered keys count from 1 and are grouped by kind: all community strings, then
+// all permission types, and so on. Backup writes as many as the device reports;
+// check and restore read 1 to 15, and 1 and 2 for the users. The document holds
+// community strings in plain text and the users' secrets as encrypted hex text.
 
 #include "sections/services/snmp.h"
 
@@ -27,17 +26,17 @@ constexpr std::size_t secret_field = 32; // of a password or key, terminator inc
 using Community = Secret<name_size>;
 using UserName = Text<name_size>;
 
-// What the device returns may fill its field: one byte more terminates it.
+// A text of the device may fill its field: one byte more terminates it.
 using StoredCommunity = Secret<name_size + 1>;
 using StoredUserName = Text<name_size + 1>;
 using StoredSecret = Secret<secret_field + 1>;
 
-struct CommunityEntry {
+struct StoredCommunityEntry {
     StoredCommunity community;
     std::uint8_t permission = 0;
 };
 
-struct Receiver {
+struct StoredReceiver {
     IP_ADDR_T address = {};
     std::uint16_t port = 0;
     StoredCommunity community;
@@ -49,7 +48,7 @@ std::uint16_t community_count() {
     return count;
 }
 
-void read_entry(std::uint16_t index, CommunityEntry& entry) {
+void get_stored(std::uint16_t index, StoredCommunityEntry& entry) {
     U_SnmpGetCommunityEntry(index, &entry.permission, entry.community.chars);
 }
 
@@ -59,7 +58,7 @@ std::uint16_t receiver_count() {
     return count;
 }
 
-void read_entry(std::uint16_t index, Receiver& receiver) {
+void get_stored(std::uint16_t index, StoredReceiver& receiver) {
     U_SnmpGetTrapIpv6Entry(index, &receiver.address, &receiver.port, receiver.community.chars);
 }
 
@@ -84,8 +83,8 @@ void ini_write_snmp_version(FILE* ini_file) {
 void ini_write_snmp_community_string(FILE* ini_file) {
     const std::uint16_t count = community_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        CommunityEntry entry;
-        read_entry(i, entry);
+        StoredCommunityEntry entry;
+        get_stored(i, entry);
         fprintf(ini_file, "snmp community string%d = \"%s\" ;\n", i + 1, entry.community.chars);
     }
 }
@@ -93,8 +92,8 @@ void ini_write_snmp_community_string(FILE* ini_file) {
 void ini_write_snmp_community_permission_type(FILE* ini_file) {
     const std::uint16_t count = community_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        CommunityEntry entry;
-        read_entry(i, entry);
+        StoredCommunityEntry entry;
+        get_stored(i, entry);
         fprintf(ini_file, "snmp community permission type%d = %d ;\n", i + 1, entry.permission);
     }
 }
@@ -106,8 +105,8 @@ void ini_write_snmp_trap_mode(FILE* ini_file) {
 void ini_write_snmp_trap_server_ip(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        Receiver receiver;
-        read_entry(i, receiver);
+        StoredReceiver receiver;
+        get_stored(i, receiver);
         Text<INET6_ADDRSTRLEN> address;
         ipaddr_to_str(address.chars, &receiver.address);
         fprintf(ini_file, "snmp trap server ip%d = \"%s\" ;\n", i + 1, address.chars);
@@ -117,8 +116,8 @@ void ini_write_snmp_trap_server_ip(FILE* ini_file) {
 void ini_write_snmp_trap_server_port(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        Receiver receiver;
-        read_entry(i, receiver);
+        StoredReceiver receiver;
+        get_stored(i, receiver);
         fprintf(ini_file, "snmp trap server port%d = %d ;\n", i + 1, receiver.port);
     }
 }
@@ -126,8 +125,8 @@ void ini_write_snmp_trap_server_port(FILE* ini_file) {
 void ini_write_snmp_trap_server_community_string(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        Receiver receiver;
-        read_entry(i, receiver);
+        StoredReceiver receiver;
+        get_stored(i, receiver);
         fprintf(ini_file, "snmp trap server community string%d = \"%s\" ;\n", i + 1,
                 receiver.community.chars);
     }
@@ -184,11 +183,11 @@ const char* read_numbered_string(const dictionary* ini, const char* name, int nu
     return read_string(ini, EntryName("snmp settings:%s%d", name, number), absent);
 }
 
-int read_numbered_int(const dictionary* ini, const char* name, int number) {
-    return read_int(ini, EntryName("snmp settings:%s%d", name, number), -1);
+std::optional<int> read_numbered_number(const dictionary* ini, const char* name, int number) {
+    return read_number(ini, EntryName("snmp settings:%s%d", name, number));
 }
 
-// A missing number is no fault in a table: the entries need not be consecutive.
+// A missing number is not a fault: the entries need not be consecutive.
 template <typename Validator>
 int check_strings(const dictionary* ini, FILE* error_file, const char* name, int count,
                   Validator accepts, int invalid) {
@@ -205,8 +204,8 @@ template <typename Validator>
 int check_numbers(const dictionary* ini, FILE* error_file, const char* name, int count,
                   Validator accepts, int invalid) {
     for (int number = 1; number <= count; ++number) {
-        const int value = read_numbered_int(ini, name, number);
-        if (value != -1 && !is_accepted(accepts(value))) {
+        const std::optional<int> value = read_numbered_number(ini, name, number);
+        if (value && !is_accepted(accepts(*value))) {
             return report_fault(error_file, invalid);
         }
     }
@@ -268,7 +267,7 @@ int check_snmp_v3_userName(const dictionary* ini, FILE* error_file) {
                          USR_RET_ERR_SNMP_V3_USER_NAME_VALUE_INVALID);
 }
 
-// The validators are given the secrets as the document holds them, encrypted.
+// The validators get the secrets encrypted, as they are in the document.
 
 int check_snmp_v3_authenticationPassword(const dictionary* ini, FILE* error_file) {
     return check_strings(ini, error_file, "snmp v3 authentication password", max_users,
@@ -303,26 +302,27 @@ void restore_snmp_version(const dictionary* ini) {
     U_FlshSnmpSetVer(read_int(ini, "snmp settings:snmp version", 1));
 }
 
-// Deleting moves the entries, so all are read before the first is deleted.
+// Deletions move the entries, so all are read before the first is deleted.
 void remove_all_snmp_community_stringAndPermissionType() {
-    CommunityEntry entries[max_communities];
+    StoredCommunityEntry entries[max_communities];
     const int count = std::min<int>(community_count(), max_communities);
     for (int i = 0; i < count; ++i) {
-        read_entry(static_cast<std::uint16_t>(i), entries[i]);
+        get_stored(static_cast<std::uint16_t>(i), entries[i]);
     }
     for (int i = 0; i < count; ++i) {
         U_SnmpDelCommunity(entries[i].community.chars);
     }
 }
 
-// An entry of which either key is missing is skipped.
+// Skips an entry that lacks either key.
 void restore_snmp_community_stringAndPermissionType(const dictionary* ini) {
     for (int number = 1; number <= max_communities; ++number) {
         Community community;
         copy_text(community.chars, read_numbered_string(ini, "snmp community string", number));
-        const int permission = read_numbered_int(ini, "snmp community permission type", number);
-        if (!is_absent(community.chars) && permission != -1) {
-            U_SnmpInsCommunity(static_cast<std::uint8_t>(permission), community.chars);
+        const std::optional<int> permission =
+            read_numbered_number(ini, "snmp community permission type", number);
+        if (!is_absent(community.chars) && permission) {
+            U_SnmpInsCommunity(static_cast<std::uint8_t>(*permission), community.chars);
         }
     }
 }
@@ -336,9 +336,9 @@ void insert_receiver(int trap_mode, const IP_ADDR_T& address, std::uint16_t port
     }
 }
 
-// A change of the mode inserts the stored receivers anew, as of the new kind.
-// Where deleting moves the entries up, the first is met again and again; all of
-// them go in the next step.
+// If the mode changes, the stored receivers are inserted again as the new kind. On a
+// device where deletions move the entries up, the loop meets some receivers twice and
+// misses others; the next step removes all of them anyway.
 void restore_snmp_trap_mode(const dictionary* ini) {
     const int mode = read_int(ini, "snmp settings:snmp trap mode", USR_SNMP_TRAP_MODE_INFORM);
     if (mode == stored_trap_mode()) {
@@ -347,44 +347,44 @@ void restore_snmp_trap_mode(const dictionary* ini) {
     U_FlshSnmpSetMode(mode);
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        Receiver receiver;
+        StoredReceiver receiver;
         U_FlshSnmpGetTrapIpv6Entry(i, &receiver.address, &receiver.port, receiver.community.chars);
         U_SnmpDelTrapIpv6(&receiver.address, receiver.port);
         insert_receiver(mode, receiver.address, receiver.port, receiver.community.chars);
     }
 }
 
-// Whatever the trap mode did: the receivers that it has inserted go again.
+// Removes all receivers, including those the mode change has just re-inserted.
 void remove_all_snmp_trap_serverIp_and_port_and_communityString() {
-    Receiver receivers[max_receivers];
+    StoredReceiver receivers[max_receivers];
     const int count = std::min<int>(receiver_count(), max_receivers);
     for (int i = 0; i < count; ++i) {
-        read_entry(static_cast<std::uint16_t>(i), receivers[i]);
+        get_stored(static_cast<std::uint16_t>(i), receivers[i]);
     }
     for (int i = 0; i < count; ++i) {
         U_SnmpDelTrapIpv6(&receivers[i].address, receivers[i].port);
     }
 }
 
-// An entry of which any key is missing is skipped. An address that does not
-// convert is inserted as the zeroed record.
+// Skips an entry that lacks a key. An address that does not convert is inserted as
+// the zeroed record.
 void restore_snmp_trap_serverIp_and_port_and_communityString(const dictionary* ini) {
     for (int number = 1; number <= max_receivers; ++number) {
         const char* address_text = read_numbered_string(ini, "snmp trap server ip", number);
-        const int port = read_numbered_int(ini, "snmp trap server port", number);
+        const std::optional<int> port = read_numbered_number(ini, "snmp trap server port", number);
         Community community;
         copy_text(community.chars,
                   read_numbered_string(ini, "snmp trap server community string", number));
-        if (!is_absent(address_text) && port != -1 && !is_absent(community.chars)) {
+        if (!is_absent(address_text) && port && !is_absent(community.chars)) {
             IP_ADDR_T address = {};
             str_to_ipaddr(&address, address_text);
-            insert_receiver(stored_trap_mode(), address, static_cast<std::uint16_t>(port),
+            insert_receiver(stored_trap_mode(), address, static_cast<std::uint16_t>(*port),
                             community.chars);
         }
     }
 }
 
-// The protocols follow from which secrets there are.
+// MD5 if there is any secret, DES if there is a privacy key.
 void insert_user(const char* name, const char* password, const char* privacy_key) {
     const bool has_key = privacy_key[0] != '\0';
     const bool has_either = password[0] != '\0' || has_key;
@@ -392,7 +392,7 @@ void insert_user(const char* name, const char* password, const char* privacy_key
                  has_key ? SNMP_USM_PRIV_DES : SNMP_USM_PRIV_NONE, privacy_key);
 }
 
-// On top of the users that the device has.
+// Adds to the device's users; deletes none.
 void restore_snmp_v3(const dictionary* ini) {
     for (int number = 1; number <= max_users; ++number) {
         const UserName name(read_numbered_string(ini, "snmp v3 user name", number));

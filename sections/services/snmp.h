@@ -1,5 +1,5 @@
-// "snmp settings": the SNMP agent, its communities, its trap receivers and its
-// users of SNMP version 3.
+// "snmp settings": the SNMP agent, its communities, its trap receivers and its SNMP
+// version 3 users.
 #pragma once
 
 #include "frame/document.h"

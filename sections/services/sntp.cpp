@@ -15,7 +15,8 @@
 
 namespace {
 
-constexpr std::size_t name_size = 32; // of a server, terminator included
+constexpr std::size_t name_size = 32;   // of a server, terminator included
+constexpr std::size_t number_size = 64; // of the texts that numbers are read from
 constexpr char default_server1[] = "0.pool.ntp.org";
 constexpr char default_server2[] = "1.pool.ntp.org";
 constexpr std::uint32_t default_query_period = 60;
@@ -26,7 +27,7 @@ constexpr int min_query_period = 60;
 struct Client {
     char enabled = 0;
     std::uint8_t time_zone = 0;
-    // A name of the device may fill its field: one byte more terminates it.
+    // A text of the device may fill its field: one byte more terminates it.
     Text<name_size + 1> server1;
     Text<name_size + 1> server2;
     unsigned long query_period = 0;
@@ -86,7 +87,7 @@ void write_clock(FILE* ini_file, const tm& now) {
     fprintf(ini_file, "Time       = \"%02d:%02d:%02d\" ;\n", now.tm_hour, now.tm_min, now.tm_sec);
 }
 
-// A server that was given by hand is the device's second one.
+// A server given by hand is the device's second one.
 void write_client(FILE* ini_file, const Client& client, const ManualServer& server) {
     fprintf(ini_file, "NTP Server = \"%d\" ;\n", server.manual == 1 ? 1 : 0);
     fprintf(ini_file, "Time Zone  = \"%d\" ;\n", client.time_zone);
@@ -136,13 +137,13 @@ void backup_ini_sntp_settings(FILE* ini_file) {
 
 namespace {
 
-// Which server, and whether the key that goes with it is there.
+// Whether the key that the kind of server needs is there.
 int check_ntp_server(const dictionary* ini, FILE* error_file) {
-    const int manual = read_int(ini, "sntp setting:NTP Server", -1);
-    if (manual == -1) {
+    const std::optional<int> by_hand = read_number(ini, "sntp setting:NTP Server");
+    if (!by_hand) {
         return report_fault(error_file, USR_RET_ERR_NTP_SERVER_STATE_NOT_FOUND);
     }
-    if (manual != 0) {
+    if (*by_hand != 0) {
         return check_present(ini, error_file, "sntp setting:IP/Domain",
                              USR_RET_ERR_NTP_IP_DOMAIN_STATE_NOT_FOUND);
     }
@@ -152,27 +153,28 @@ int check_ntp_server(const dictionary* ini, FILE* error_file) {
                : 0;
 }
 
-// The zone as the device takes it: -1 is 255, and 256 is 0.
+// Judged as the 8 bits the device takes: -1 is 255, and 256 is 0.
 int check_time_zone(const dictionary* ini, FILE* error_file) {
-    const int zone = read_decimal<64>(ini, "sntp setting:Time Zone");
+    const int zone = read_decimal<number_size>(ini, "sntp setting:Time Zone");
     return static_cast<std::uint8_t>(zone) > max_time_zone
                ? report_fault(error_file, USR_RET_ERR_NTPTIME_ZONE_VALUE_INVALID)
                : 0;
 }
 
 int check_query_period(const dictionary* ini, FILE* error_file) {
-    const int period = read_decimal<64>(ini, "sntp setting:Time Server Query Period (Sec)");
+    const int period =
+        read_decimal<number_size>(ini, "sntp setting:Time Server Query Period (Sec)");
     return period < min_query_period
                ? report_fault(error_file, USR_RET_ERR_NTPTIME_QUERY_PERIOD_INVALID)
                : 0;
 }
 
 int check_client(const dictionary* ini, FILE* error_file) {
-    const int mode = read_int(ini, "sntp setting:Time and Date Setting :mode", -1);
-    if (mode == -1) {
+    const std::optional<int> mode = read_number(ini, "sntp setting:Time and Date Setting :mode");
+    if (!mode) {
         return report_fault(error_file, USR_RET_ERR_NTP_CLIENT_STATE_NOT_FOUND);
     }
-    if (mode == 0) {
+    if (*mode == 0) {
         return 0;
     }
     return run_check_steps({check_ntp_server, check_time_zone, check_query_period}, ini,
@@ -193,7 +195,7 @@ int check_ini_sntp(const dictionary* ini, FILE* error_file) {
 namespace {
 
 std::uint8_t read_byte(const dictionary* ini, const char* entry) {
-    return static_cast<std::uint8_t>(read_decimal<64>(ini, entry));
+    return static_cast<std::uint8_t>(read_decimal<number_size>(ini, entry));
 }
 
 // Names are cut so that name and terminator fit the device's field.
@@ -222,7 +224,7 @@ Servers read_servers(const dictionary* ini) {
             ServerName(server2 != nullptr ? server2 : "")};
 }
 
-// While client mode is off, everything goes back to its default.
+// With client mode off, every setting gets its default.
 void restore_client(const dictionary* ini) {
     if (!is_exactly_one(ini, "sntp setting:Time and Date Setting :mode")) {
         U_SysSetMSNTP(0, 0, default_server1, default_server2, default_query_period, 0);
@@ -230,7 +232,7 @@ void restore_client(const dictionary* ini) {
     }
     const std::uint8_t time_zone = read_byte(ini, "sntp setting:Time Zone");
     const auto query_period = static_cast<std::uint32_t>(
-        read_decimal<64>(ini, "sntp setting:Time Server Query Period (Sec)"));
+        read_decimal<number_size>(ini, "sntp setting:Time Server Query Period (Sec)"));
     const Servers servers = read_servers(ini);
     U_SysSetMSNTP(1, time_zone, servers.server1.chars, servers.server2.chars, query_period, 0);
 }
@@ -255,7 +257,7 @@ Daylight read_daylight(const dictionary* ini) {
 
 } // namespace
 
-// Never sets the clock.
+// Restore never sets the clock.
 void restore_ini_sntp(const dictionary* ini) {
     const Daylight rule = read_daylight(ini);
     restore_client(ini);

@@ -1,4 +1,4 @@
-// "sntp setting": whether the time comes from NTP servers, from which, the time
+// "sntp setting": whether the time comes from NTP servers, which servers, the time
 // zone, and daylight saving.
 #pragma once
 

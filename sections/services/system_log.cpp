@@ -1,6 +1,6 @@
-// Restore also sets the log viewer. Backup has no operation to read its four
-// settings and writes none of them, so that they take their defaults unless
-// somebody has added them to the document by hand.
+// Restore also sets the log viewer. The device has no operation to read its four
+// settings, so backup writes none of them, and they get their defaults unless
+// somebody adds them to the document by hand.
 
 #include "sections/services/system_log.h"
 
@@ -84,7 +84,7 @@ int check_systemLog_server_status(const dictionary* ini, FILE* error_file) {
                         Usrsyslog_check_system_log_server_status);
 }
 
-// The address and the port are judged also while the server is not used.
+// Address and port are judged even if the server is off.
 
 int check_systemLog_serverIp(const dictionary* ini, FILE* error_file) {
     return check_text(
@@ -111,7 +111,7 @@ int check_ini_systemLog_settings(const dictionary* ini, FILE* error_file) {
 
 namespace {
 
-// An address that does not convert leaves the 0.
+// An address that does not convert is applied as 0.
 void resotre_systemLog_settings1(const dictionary* ini) {
     const int event_to_flash = read_int(ini, "system log settings:system log event to flash", 0);
     const int level = read_int(ini, "system log settings:system log level", 0);
@@ -127,7 +127,7 @@ void resotre_systemLog_settings1(const dictionary* ini) {
                  static_cast<std::uint16_t>(port));
 }
 
-// The keys that backup never writes.
+// These keys are never written by backup.
 void resotre_systemLog_settings2(const dictionary* ini) {
     const int notification = read_int(ini, "system log settings:read all notification", 0);
     const int list_number = read_int(ini, "system log settings:read list number", 20);
@@ -141,7 +141,7 @@ void resotre_systemLog_settings2(const dictionary* ini) {
 
 } // namespace
 
-// Whatever the device has: nothing is compared, nothing left out.
+// Sets everything, whether or not it differs from the device's.
 void restore_ini_systemLog_settings(const dictionary* ini) {
     resotre_systemLog_settings1(ini);
     resotre_systemLog_settings2(ini);

@@ -1,4 +1,4 @@
-// "system log settings": where log events go, and from which level on.
+// "system log settings": where log events go, and from which level up.
 #pragma once
 
 #include "frame/document.h"

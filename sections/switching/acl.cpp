@@ -1,6 +1,5 @@
-// The number in the keys of a rule is its storage slot, so that rules in any
-// slots come back. Restore adds or replaces rules by their index; those that
-// the document does not mention stay.
+// The number in the keys of a rule is its storage slot, so rules in any slots come
+// back. Restore adds rules, or replaces those with the same index; it deletes none.
 
 #include "sections/switching/acl.h"
 
@@ -14,6 +13,7 @@
 namespace {
 
 constexpr int slots = 33;
+constexpr std::size_t number_size = 50; // of the text that the index is read from
 
 using MacText = Text<18>;
 
@@ -45,7 +45,7 @@ Text<INET_ADDRSTRLEN> ip_text(bool present, std::uint32_t address) {
 }
 
 void write_source_interface(FILE* ini_file, int slot, const TstPPortMask& ports) {
-    // A set of physical ports is read like one of logical ports: there is no operation of its own.
+    // No operation reads a set of physical ports, but both kinds have the same layout.
     TstLPortMask mask = {};
     memcpy(&mask, &ports, sizeof mask);
     fprintf(ini_file, "Acl_Rule_%d Source_Interface   = \"", slot);
@@ -89,12 +89,12 @@ void backup_ini_acl_settings(FILE* ini_file) {
 
 namespace {
 
-// A missing text counts as given, and as one that nothing is made of.
+// An absent key reads as -1: its condition is set, its address stays zero.
 const char* read_rule_text(const dictionary* ini, int slot, const char* key) {
     return read_string(ini, EntryName("Acl setting:Acl_Rule_%d %s", slot, key), absent);
 }
 
-// What does not convert stays zero.
+// An address that does not convert stays zero.
 void read_mac(const dictionary* ini, int slot, const char* key, TstAclClassifier& match,
               std::uint8_t* mac) {
     const char* text = read_rule_text(ini, slot, key);
@@ -122,11 +122,11 @@ TstPPortMask read_source_interface(const dictionary* ini, int slot) {
     return physical_ports(mask);
 }
 
-// A rule without an index is none.
+// A slot without an index holds no rule.
 void restore_rule(const dictionary* ini, int slot) {
     TstFlshAcl rule = {};
     rule.usIndex = static_cast<std::uint16_t>(
-        read_decimal<50>(ini, EntryName("Acl setting:Acl_Rule_%d Index_Id", slot)));
+        read_decimal<number_size>(ini, EntryName("Acl setting:Acl_Rule_%d Index_Id", slot)));
     if (rule.usIndex == 0) {
         return;
     }

@@ -1,4 +1,4 @@
-// "Acl setting": the rules of the access control list. Check accepts them as they are.
+// "Acl setting": the rules of the access control list. Check judges none of it.
 #pragma once
 
 #include "frame/document.h"

@@ -1,4 +1,4 @@
-// Switches are on when their text is "1", and off for any other.
+// In restore a flag is on only for the text "1".
 
 #include "sections/switching/port_security.h"
 
@@ -10,7 +10,9 @@
 
 namespace {
 
-// The library's record ends there.
+constexpr std::size_t number_size = 64; // of the texts that numbers are read from
+
+// The library's record has room for 32 ports.
 int secured_ports() {
     return std::min<int>(g_ucMaxPhyPort, std::size(TstFlshPortSecMac().port_max_mac));
 }
@@ -36,16 +38,16 @@ void restore_port(const dictionary* ini, int port, char global) {
     const int number = key_number(port);
     const bool enabled =
         is_exactly_one(ini, EntryName("port security setting:port%d_port_state", number));
-    const int maximum =
-        read_decimal<64>(ini, EntryName("port security setting:port%d_Maximum_MAC", number));
+    const int maximum = read_decimal<number_size>(
+        ini, EntryName("port security setting:port%d_Maximum_MAC", number));
     U_PortSecSwitchMac(static_cast<std::uint8_t>(port), enabled ? 1 : 0, global,
                        static_cast<std::uint16_t>(maximum));
 }
 
 } // namespace
 
-// The record is stored with nothing but the global switch first; the ports then
-// bring in their own settings.
+// Stores the record with only the global flag first; each port then adds its own
+// settings.
 void restore_ini_port_security(const dictionary* ini) {
     TstFlshPortSecMac security = {};
     security.gblebl = is_exactly_one(ini, "port security setting:global_state") ? 1 : 0;

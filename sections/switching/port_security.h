@@ -1,5 +1,5 @@
 // "port security setting": how many source MAC addresses a port may learn.
-// Check accepts it as it is.
+// Check judges none of it.
 #pragma once
 
 #include "frame/document.h"

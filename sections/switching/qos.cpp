@@ -1,5 +1,5 @@
-// The three sections are applied together: a mode that is not known ends all of
-// them. A mapping is stored only when the document has all of its keys.
+// The three sections are applied together; with an unknown mode, none of them is. A
+// mapping is only applied if the document has all of its keys.
 
 #include "sections/switching/qos.h"
 
@@ -84,31 +84,31 @@ void backup_ini_dscp_mapping(FILE* ini_file) {
 
 namespace {
 
-using Value = Text<50>;
+using QosText = Text<50>;
 
-Value read_value(const dictionary* ini, const char* entry) {
-    return read_text<sizeof(Value)>(ini, entry);
+QosText read_qos_text(const dictionary* ini, const char* entry) {
+    return read_text<sizeof(QosText)>(ini, entry);
 }
 
-bool is_empty(const Value& value) {
+bool is_empty(const QosText& value) {
     return value.chars[0] == '\0';
 }
 
-bool equals(const Value& value, const char* text) {
+bool equals(const QosText& value, const char* text) {
     return strcmp(value.chars, text) == 0;
 }
 
 void read_weights(const dictionary* ini, TstFlshSchedulemode& mode) {
     for (int queue = 0; queue < queues; ++queue) {
-        const Value weight = read_value(ini, EntryName("QoS Setting:Q%d", queue));
+        const QosText weight = read_qos_text(ini, EntryName("QoS Setting:Q%d", queue));
         mode.paiWeights[queue] = static_cast<std::uint32_t>(decimal_value(weight.chars));
     }
 }
 
-// False when the document's mode is not known. Strict priority has no weights
-// in the document: the device's are kept.
+// False if the document's mode is unknown. With strict priority the document has no
+// weights, and the device keeps its own.
 bool read_mode(const dictionary* ini, const TstFlshSchedulemode& old, TstFlshSchedulemode& mode) {
-    const Value text = read_value(ini, "QoS Setting:mode");
+    const QosText text = read_qos_text(ini, "QoS Setting:mode");
     if (equals(text, strict_priority)) {
         mode.sch = QOS_STRICT_PRIORITY;
         memcpy(mode.paiWeights, old.paiWeights, sizeof mode.paiWeights);
@@ -122,9 +122,9 @@ bool read_mode(const dictionary* ini, const TstFlshSchedulemode& old, TstFlshSch
     return false;
 }
 
-// What the document has no text for is lost: it becomes none.
+// Backup writes no text for any other classification: it is restored as none.
 classification_t read_classification(const dictionary* ini) {
-    const Value text = read_value(ini, "QoS Setting:Classification Type");
+    const QosText text = read_qos_text(ini, "QoS Setting:Classification Type");
     if (equals(text, by_cos)) {
         return IEE_PCP;
     }
@@ -146,11 +146,11 @@ void restore_ini_qos(const dictionary* ini) {
     restore_ini_dscp(ini);
 }
 
-// The first character of a value, the "Q", is not looked at.
+// Skips the first character of a value, the "Q", whatever it is.
 void restore_ini_cos(const dictionary* ini) {
     TstFlshCosQueueMapping mapping = {};
     for (int priority = 0; priority < priorities; ++priority) {
-        const Value queue = read_value(ini, EntryName("CoS Queue Mapping:%d", priority));
+        const QosText queue = read_qos_text(ini, EntryName("CoS Queue Mapping:%d", priority));
         if (is_empty(queue)) {
             return;
         }
@@ -161,11 +161,11 @@ void restore_ini_cos(const dictionary* ini) {
 
 void restore_ini_dscp(const dictionary* ini) {
     TstFlshDscpMapping mapping = {};
-    if (equals(read_value(ini, "DSCP Mapping:Message"), no_dscp)) {
+    if (equals(read_qos_text(ini, "DSCP Mapping:Message"), no_dscp)) {
         return;
     }
     for (int code = 0; code < code_points; ++code) {
-        const Value value = read_value(
+        const QosText value = read_qos_text(
             ini, EntryName("DSCP Mapping:0x%02lX(%d)", static_cast<unsigned long>(code), code));
         if (is_empty(value)) {
             return;

@@ -1,6 +1,5 @@
 // "QoS Setting", "CoS Queue Mapping" and "DSCP Mapping": how the egress queues
-// are served, and what frames are assigned to them by. Check accepts them as
-// they are.
+// are served, and how frames are assigned to them. Check judges none of it.
 #pragma once
 
 #include "frame/document.h"

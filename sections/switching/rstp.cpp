@@ -1,7 +1,6 @@
-// Check judges the three keys of the bridge only. Restore leaves alone what is
-// missing, except that a port without keys takes part in the spanning tree and
-// has root guard and BPDU filter on. The bridge timers are not part of the
-// document and are set to the same values by every restore.
+// Check judges only the three keys of the bridge. Restore leaves what is missing as it
+// is, except that a port without keys takes part in RSTP and gets root guard and BPDU
+// filter. The document has no bridge timers: every restore sets the same ones.
 
 #include "sections/switching/rstp.h"
 
@@ -114,20 +113,18 @@ int check_ini_rstp(const dictionary* ini, FILE* error_file) {
 
 namespace {
 
-constexpr int missing = -1; // also a boolean that is neither
-
 void restore_bridge(const dictionary* ini) {
-    const int enabled = read_int(ini, enabled_entry, missing);
-    if (enabled != missing) {
-        U_StpSetEbl(static_cast<char>(enabled));
+    const std::optional<int> enabled = read_number(ini, enabled_entry);
+    if (enabled) {
+        U_StpSetEbl(static_cast<char>(*enabled));
     }
-    const int version = read_int(ini, mode_entry, missing);
-    if (version != missing) {
-        U_StpSetForceVersion(static_cast<std::uint8_t>(version));
+    const std::optional<int> version = read_number(ini, mode_entry);
+    if (version) {
+        U_StpSetForceVersion(static_cast<std::uint8_t>(*version));
     }
-    const int priority = read_int(ini, priority_entry, missing);
-    if (priority != missing) {
-        U_StpSetPriority(static_cast<std::uint16_t>(priority));
+    const std::optional<int> priority = read_number(ini, priority_entry);
+    if (priority) {
+        U_StpSetPriority(static_cast<std::uint16_t>(*priority));
     }
     U_StpSetFwdAgeHello(forward_delay, maximum_age, hello_time);
 }
@@ -135,50 +132,67 @@ void restore_bridge(const dictionary* ini) {
 // One call sets both: a missing one stays as the device has it, and when the
 // device's cannot be read neither is set. An interval of -1 is a value, 32 one bits.
 void restore_bpdu_guard(const dictionary* ini) {
-    const int enabled = read_int(ini, guard_entry, missing);
+    const std::optional<int> enabled = read_number(ini, guard_entry);
     const bool has_interval = read_string(ini, guard_interval_entry, nullptr) != nullptr;
-    if (enabled == missing && !has_interval) {
+    if (!enabled && !has_interval) {
         return;
     }
     TstBpduGuardCfg stored = {};
-    if ((enabled == missing || !has_interval) && U_FlshStpGetBpduGuardCfg(&stored) != USR_RET_OK) {
+    if ((!enabled || !has_interval) && U_FlshStpGetBpduGuardCfg(&stored) != USR_RET_OK) {
         return;
     }
     const int interval =
         read_int(ini, guard_interval_entry, static_cast<int>(stored.ulIntervalTime));
-    U_StpSetBpduGuardCfg(static_cast<char>(enabled != missing ? enabled : stored.bEbl),
+    U_StpSetBpduGuardCfg(static_cast<char>(enabled.value_or(stored.bEbl)),
                          static_cast<std::uint32_t>(interval));
 }
 
-int read_port_flag(const dictionary* ini, std::uint8_t port, const char* flag) {
-    return read_boolean(ini, EntryName("rstp setting:port%d_%s", key_number(port), flag), missing);
+// Empty for an absent key, and for a value that is not a boolean.
+std::optional<int> read_flag(const dictionary* ini, const EntryName& entry) {
+    const int flag = read_boolean(ini, entry, -1);
+    return flag != -1 ? std::optional<int>(flag) : std::nullopt;
+}
+
+// A missing flag is on.
+char read_flag_or_on(const dictionary* ini, const EntryName& entry) {
+    return static_cast<char>(read_flag(ini, entry).value_or(1));
 }
 
 void restore_edge(const dictionary* ini, std::uint8_t port) {
     const std::int8_t stored = stored_edge(port);
-    const int edge = read_port_flag(ini, port, "edge port");
-    if (edge != missing && edge != stored) {
-        U_FlshStpSetPortEdge(port, static_cast<char>(edge));
+    const std::optional<int> edge =
+        read_flag(ini, EntryName("rstp setting:port%d_edge port", key_number(port)));
+    if (edge && *edge != stored) {
+        U_FlshStpSetPortEdge(port, static_cast<char>(*edge));
     }
 }
 
-// The flags are applied to the port and stored.
+// Both flags are applied to the port, then stored.
 void restore_protection(const dictionary* ini, std::uint8_t port) {
     stp_rstp_t protection = {};
     stp_rstp_err_t error = STP_RSTP_NO_ERROR;
-    protection.root_guard = read_port_flag(ini, port, "root guard") != 0;
-    protection.bpdu_filter = read_port_flag(ini, port, "bpdu filter") != 0;
-    U_StpSetPortRootGuard(port, static_cast<char>(protection.root_guard));
-    U_StpSetPortBpduFilter(port, static_cast<char>(protection.bpdu_filter));
+    const int number = key_number(port);
+    const char root_guard =
+        read_flag_or_on(ini, EntryName("rstp setting:port%d_root guard", number));
+    const char bpdu_filter =
+        read_flag_or_on(ini, EntryName("rstp setting:port%d_bpdu filter", number));
+    protection.root_guard = static_cast<std::uint8_t>(root_guard);
+    protection.bpdu_filter = static_cast<std::uint8_t>(bpdu_filter);
+    U_StpSetPortRootGuard(port, root_guard);
+    U_StpSetPortBpduFilter(port, bpdu_filter);
     stp_rstp_setToFlash(&protection, port, &error);
 }
 
 void restore_port(const dictionary* ini, std::uint8_t port) {
+    const int number = key_number(port);
     restore_edge(ini, port);
-    U_StpSetPortNonstp(port, read_port_flag(ini, port, "enable RSTP") != 0 ? 0 : 1);
-    const int guard = read_port_flag(ini, port, "bpdu guard");
-    if (guard != missing) {
-        U_StpSetPortBpduGuardEbl(port, static_cast<char>(guard));
+    const char takes_part =
+        read_flag_or_on(ini, EntryName("rstp setting:port%d_enable RSTP", number));
+    U_StpSetPortNonstp(port, takes_part != 0 ? 0 : 1);
+    const std::optional<int> guard =
+        read_flag(ini, EntryName("rstp setting:port%d_bpdu guard", number));
+    if (guard) {
+        U_StpSetPortBpduGuardEbl(port, static_cast<char>(*guard));
     }
     restore_protection(ini, port);
 }

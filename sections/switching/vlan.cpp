@@ -1,8 +1,8 @@
-// The lists of VLANs go through as texts: their grammar, and what they make of
-// the static VLAN table, is the device library's. The tool has rules of its own
-// for the management VLAN and for the isolation lists.
+// VLAN lists pass through as texts: their grammar, and how they become the static VLAN
+// table, belong to the device library. The tool has rules of its own for the management
+// VLAN and for the isolation lists.
 //
-// Check and restore go by eight ports, whatever the device has.
+// Check and restore always handle eight ports, however many the device has.
 
 #include "sections/switching/vlan.h"
 
@@ -77,7 +77,7 @@ const char* read_isolation(const dictionary* ini, int port) {
 }
 
 std::int32_t role_of(const char* text) {
-    constexpr std::int32_t no_role = 2; // what the library refuses
+    constexpr std::int32_t no_role = 2; // the library refuses it
     if (strcmp(text, "Access") == 0) {
         return VLAN_ROLE_ACCESS;
     }
@@ -106,7 +106,7 @@ int check_lists(const dictionary* ini, FILE* error_file, vlan_data_t& data) {
     return 0;
 }
 
-// Answers that are none of these count as valid.
+// Any other verdict counts as valid.
 int fault_of(int verdict) {
     switch (verdict) {
     case VLAN_DATA_ROLE:
@@ -133,7 +133,7 @@ int check_verdict(FILE* error_file, vlan_data_t& data) {
     };
     static WorkBuffers buffers; // too large for the stack of a small device
     static bool used = false;
-    if (used) { // at first they are zero, and take no memory until they are written
+    if (used) { // static memory starts out zero, and untouched it costs nothing
         memset(&buffers, 0, sizeof buffers);
     }
     used = true;
@@ -168,19 +168,20 @@ bool device_has_vlan(int id) {
            USR_RET_OK;
 }
 
-// A VLAN that the document would only create cannot become the management VLAN.
+// The management VLAN must already be on the device: one that the document would
+// create is refused.
 int check_management_vlan(const dictionary* ini, FILE* error_file, const vlan_data_t& data) {
-    const int id = read_int(ini, management_entry, -1);
-    if (id == -1) {
+    const std::optional<int> id = read_number(ini, management_entry);
+    if (!id) {
         return report_fault(error_file, USR_RET_ERR_VLAN_MANAGEMENT_ID_NOT_FOUND);
     }
-    if (id < min_vlan_id || id > max_vlan_id) {
+    if (*id < min_vlan_id || *id > max_vlan_id) {
         return report_fault(error_file, USR_RET_ERR_VLAN_ID_INVALID);
     }
-    if (!is_in_any_list(data, id)) {
+    if (!is_in_any_list(data, *id)) {
         return report_fault(error_file, USR_RET_ERR_VLAN_NOT_EXIST_PVID);
     }
-    if (!device_has_vlan(id)) {
+    if (!device_has_vlan(*id)) {
         return report_fault(error_file, USR_RET_ERR_VLAN_ID_INVALID);
     }
     return 0;
@@ -190,7 +191,7 @@ bool is_numeric(const Piece& piece) {
     return strspn(piece.text, "0123456789") >= piece.length;
 }
 
-// Up to eight numbers pass: also duplicates, and the port itself.
+// At most eight numbers pass; duplicates and the port itself are allowed.
 int isolation_fault(const char* list) {
     int count = 0;
     for (Piece piece = first_piece(list); piece.length != 0; piece = next_piece(piece)) {
@@ -305,9 +306,9 @@ void restore_port_vlans(const dictionary* ini) {
 }
 
 void restore_management_vlan(const dictionary* ini) {
-    const int id = read_int(ini, management_entry, -1);
-    if (id != -1) {
-        U_FlshVlanSetMgnVlanId(static_cast<std::uint16_t>(id));
+    const std::optional<int> id = read_number(ini, management_entry);
+    if (id) {
+        U_FlshVlanSetMgnVlanId(static_cast<std::uint16_t>(*id));
     }
 }
 
@@ -341,8 +342,7 @@ void restore_isolation(const dictionary* ini) {
 
 } // namespace
 
-// The VLANs come first: the management VLAN is to be one that the device has by
-// then, whether or not check has looked at the document.
+// The VLANs come first, so that the device has the management VLAN when it is set.
 void restore_ini_vlan(const dictionary* ini) {
     restore_port_vlans(ini);
     restore_management_vlan(ini);

@@ -1,9 +1,8 @@
-// "system information" is written for the reader and refused by check when it
-// comes from another model; it is never restored.
-// "system settings" carries the device name.
-// "network settings" carries DHCP on or off, the static address and mask, the
-// default gateway and the primary DNS server. A device without one of them
-// (address 0) writes an empty text.
+// "system information" is written for the reader. Check refuses it if it comes from
+// another model; restore ignores it.
+// "system settings" has the device name.
+// "network settings" has DHCP, the static address and mask, the default gateway and
+// the primary DNS server. An address of 0 is written as an empty text.
 
 #include "sections/system/identity.h"
 
@@ -28,7 +27,7 @@ constexpr std::size_t max_device_name = 29;
 constexpr std::size_t max_model_name = 32;
 constexpr unsigned short primary_dns = 1;
 
-// The model whose name carries the suffix of its two fibre ports.
+// The model with two fibre ports, whose name gets a suffix.
 bool is_2sfp_model() {
     return get_eeprom_macsec_port_type() == 1;
 }
@@ -51,15 +50,15 @@ void backup_ini_system_information(FILE* ini_file) {
     write_section_line(ini_file, "system information");
     fprintf(ini_file, "# Only show the information. it can't be set.\n");
     if (is_2sfp_model()) {
-        fprintf(ini_file, "%s = \"%s-2SFP\" ;\n", "model name", model.chars);
+        fprintf(ini_file, "model name = \"%s-2SFP\" ;\n", model.chars);
     } else {
-        fprintf(ini_file, "%s = \"%s\" ;\n", "model name", model.chars);
+        fprintf(ini_file, "model name = \"%s\" ;\n", model.chars);
     }
-    fprintf(ini_file, "%s = \"%s\" ;\n", "mac address", mac_text.chars);
-    fprintf(ini_file, "%s = \"%d.%02d-svn%d\" ;\n", "application version", tool_major, tool_minor,
+    fprintf(ini_file, "mac address = \"%s\" ;\n", mac_text.chars);
+    fprintf(ini_file, "application version = \"%d.%02d-svn%d\" ;\n", tool_major, tool_minor,
             tool_revision);
-    // The firmware carries the tool's revision number.
-    fprintf(ini_file, "%s = \"%d.%02d-svn%d\" ;\n", "kernel version", major, minor, tool_revision);
+    // The tool's revision on purpose: the firmware has none of its own.
+    fprintf(ini_file, "kernel version = \"%d.%02d-svn%d\" ;\n", major, minor, tool_revision);
 }
 
 int check_ini_system_information(const dictionary* ini, FILE* error_file) {
@@ -68,7 +67,7 @@ int check_ini_system_information(const dictionary* ini, FILE* error_file) {
     if (is_2sfp_model()) {
         strncat(model.chars, "-2SFP", sizeof model.chars - 1 - strlen(model.chars));
     }
-    // Compared whole: a name that differs only behind some width is another model.
+    // Compared whole: a name that differs only after the field's width is another model.
     if (strcmp(model.chars, read_string(ini, "system information:model name", "")) != 0) {
         return report_fault(error_file, USR_RET_INI_MODEL_ERROR);
     }
@@ -80,8 +79,7 @@ void backup_ini_system_settings(FILE* ini_file) {
     U_FlshSysInfoGetName(info.aucName, max_device_name + 1);
 
     write_section_line(ini_file, "system settings");
-    fprintf(ini_file, "%s = \"%s\" ;\n", "device name",
-            reinterpret_cast<const char*>(info.aucName));
+    fprintf(ini_file, "device name = \"%s\" ;\n", reinterpret_cast<const char*>(info.aucName));
 }
 
 int check_ini_system_settings(const dictionary* ini, FILE* error_file) {
@@ -91,7 +89,7 @@ int check_ini_system_settings(const dictionary* ini, FILE* error_file) {
     return 0;
 }
 
-// An absent name clears the device's.
+// A missing name clears the device's.
 void restore_ini_system_settings(const dictionary* ini) {
     auto name = read_text<max_device_name + 1>(ini, "system settings:device name");
     U_FlshSysInfoSetName(name.bytes());
@@ -101,21 +99,21 @@ namespace {
 
 using AddressText = Text<INET_ADDRSTRLEN>;
 
-void write_address(FILE* ini_file, const char* key, unsigned long address) {
+AddressText to_text(unsigned long address) {
     AddressText text;
     if (address != 0) {
         ip_to_str(text.chars, address);
     }
-    fprintf(ini_file, "%s = \"%s\" ;\n", key, text.chars);
+    return text;
 }
 
-// An over-long text is no address: it reads as empty, never as its beginning.
+// A text that is too long reads as empty: its beginning may be another address.
 AddressText read_address(const dictionary* ini, const char* entry) {
     const char* value = read_string(ini, entry, "");
     return strlen(value) < sizeof(AddressText) ? AddressText(value) : AddressText();
 }
 
-// 0 for a text that is no address.
+// 0 for a text that is not an address.
 unsigned long to_number(const AddressText& text) {
     unsigned long address = 0;
     str_to_ip(&address, text.chars);
@@ -137,15 +135,15 @@ void backup_ini_network_settings(FILE* ini_file) {
     U_FlshSysGetDNSIp(primary_dns, &dns);
 
     write_section_line(ini_file, "network settings");
-    fprintf(ini_file, "%s = %d ;\n", "dhcp", static_cast<std::int8_t>(dhcp));
-    write_address(ini_file, "static ip address", address);
-    write_address(ini_file, "subnet mask", mask);
-    write_address(ini_file, "gateway", gateway);
-    write_address(ini_file, "primary dns", dns);
+    fprintf(ini_file, "dhcp = %d ;\n", static_cast<std::int8_t>(dhcp));
+    fprintf(ini_file, "static ip address = \"%s\" ;\n", to_text(address).chars);
+    fprintf(ini_file, "subnet mask = \"%s\" ;\n", to_text(mask).chars);
+    fprintf(ini_file, "gateway = \"%s\" ;\n", to_text(gateway).chars);
+    fprintf(ini_file, "primary dns = \"%s\" ;\n", to_text(dns).chars);
 }
 
-// The validators judge the whole texts and give the codes. An empty gateway
-// or DNS server is none; an empty address or mask is for the validator to judge.
+// The validators judge the whole texts, and their codes are reported unchanged. An
+// empty gateway or DNS server is not judged; an empty address or mask is.
 int check_ini_network_settings(const dictionary* ini, FILE* error_file) {
     const char* address = read_string(ini, "network settings:static ip address", "");
     const char* mask = read_string(ini, "network settings:subnet mask", "");
@@ -165,8 +163,7 @@ int check_ini_network_settings(const dictionary* ini, FILE* error_file) {
     return fault == 0 ? 0 : report_fault(error_file, fault);
 }
 
-// Without an address or a mask the device keeps its whole addressing, its DHCP
-// flag included.
+// Without an address or a mask the device keeps all of its settings, DHCP included.
 void restore_ini_network_settings(const dictionary* ini) {
     const int dhcp = read_boolean(ini, "network settings:dhcp", 0);
     const AddressText address = read_address(ini, "network settings:static ip address");

@@ -1,6 +1,6 @@
-// "system information", "system settings" and "network settings": which device
-// and software made the document, the device name, and the IPv4 addressing of
-// the management interface.
+// "system information", "system settings" and "network settings": the device and
+// software that made the document, the device name, and the IPv4 addresses of the
+// management interface.
 #pragma once
 
 #include "frame/document.h"

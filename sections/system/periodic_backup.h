@@ -1,5 +1,5 @@
 // "Periodic Back-Up": when the switch sends its configuration to a TFTP server,
-// and to which. Check accepts it as it is.
+// and to which one. Check judges none of it.
 #pragma once
 
 #include "frame/document.h"

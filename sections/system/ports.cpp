@@ -1,6 +1,5 @@
-// The enable state lives in the stored port configuration. The speed of a
-// fibre port lives in the EEPROM, under entry 1 (port index 6, "Port7") and
-// entry 2 (port index 7, "Port8"), and is applied to the port as well.
+// The enable flags are in the stored port configuration. The speed of a fibre port is
+// in the EEPROM, and restore also applies it to the port.
 
 #include "sections/system/ports.h"
 
@@ -19,32 +18,32 @@ constexpr FaultCodes port_speed_codes{USR_RET_ERR_PORT_SPEED_NO_FOUND,
 
 struct FibrePort {
     const char* speed_entry;
-    int port;  // index of the port
-    int entry; // number of its EEPROM entry
+    int port; // its index
 };
 
 constexpr FibrePort fibre_ports[] = {
-    {"port settings:Port7 speed", 6, 1},
-    {"port settings:Port8 speed", 7, 2},
+    {"port settings:Port7 speed", 6},
+    {"port settings:Port8 speed", 7},
 };
 
-constexpr int fibre_entry(int port) {
+// The EEPROM number of a fibre port's speed: 1 for index 6, 2 for index 7.
+constexpr int eeprom_number(int port) {
     return port - 5;
 }
 
-// Only this model has fibre speeds. The library answers in the low 8 bits.
+// Only this model has fibre speeds. The result is in the low 8 bits.
 bool has_fibre_speeds() {
     return static_cast<std::uint8_t>(get_eeprom_macsec_port_type()) == 1;
 }
 
-// A flag is a signed 8-bit number on every machine: 255 is -1, not found.
+// A flag is a signed 8-bit number on every machine.
 std::int8_t read_port_status(const dictionary* ini, int port, int fallback) {
     return static_cast<std::int8_t>(
         read_int(ini, EntryName("port settings:port%d", key_number(port)), fallback));
 }
 
 void ini_write_port_status(FILE* ini_file) {
-    char enabled = 0; // a port that cannot be read is written like the one before it
+    char enabled = 0; // a port that cannot be read is written as the one before it
     for (std::uint8_t port = 0; port < g_ucMaxPhyPort; ++port) {
         U_FlshPortGetEbl(port, &enabled);
         fprintf(ini_file, "port%d = %d ;\n", key_number(port), static_cast<std::int8_t>(enabled));
@@ -54,9 +53,9 @@ void ini_write_port_status(FILE* ini_file) {
 void ini_write_port_speed(FILE* ini_file) {
     for (std::uint8_t port = 0; port < g_ucMaxPhyPort; ++port) {
         if (U_PortGetMode(port) == LAN_PORT_MODE_FIBER) {
-            Text<17> name; // a name that fills its 16 bytes is terminated by the last
+            Text<17> name; // one byte more than the field terminates it
             U_TrkLId2LogicId(name.chars, port);
-            const int speed = get_eeprom_fiber_speed(fibre_entry(port));
+            const int speed = get_eeprom_fiber_speed(eeprom_number(port));
             fprintf(ini_file, "%s speed = %d ;\n", name.chars, static_cast<std::uint16_t>(speed));
         }
     }
@@ -74,10 +73,16 @@ void backup_ini_port_settings(FILE* ini_file) {
 
 namespace {
 
+// Empty for an absent key, for -1, and for 255, which is -1 in 8 bits.
+std::optional<int> port_status(const dictionary* ini, int port) {
+    const std::int8_t status = read_port_status(ini, port, -1);
+    return status != -1 ? std::optional<int>(status) : std::nullopt;
+}
+
 int check_port_status(const dictionary* ini, FILE* error_file) {
     for (int port = 0; port < g_ucMaxPhyPort; ++port) {
-        const int result = check_value(error_file, read_port_status(ini, port, -1),
-                                       port_status_codes, Usrflsh_check_port_enable_status);
+        const int result = check_value(error_file, port_status(ini, port), port_status_codes,
+                                       Usrflsh_check_port_enable_status);
         if (result != 0) {
             return result;
         }
@@ -107,9 +112,9 @@ int check_ini_port_settings(const dictionary* ini, FILE* error_file) {
 
 namespace {
 
-// Writes only what differs, and resets the ports at most once. A port that the
-// document does not name is enabled. The stored flag counts as unsigned, so that
-// one above 127 differs from whatever the document has.
+// Sets only what differs, and resets the ports at most once. A port that the document
+// does not name is enabled. The stored flag is unsigned here, so one above 127 differs
+// from any flag of the document.
 void restore_port_status(const dictionary* ini) {
     bool changed = false;
     for (std::uint8_t port = 0; port < g_ucMaxPhyPort; ++port) {
@@ -126,16 +131,16 @@ void restore_port_status(const dictionary* ini) {
     }
 }
 
-// Other models have no speed keys; their EEPROM entries are left alone.
+// Leaves the EEPROM of other models alone.
 void restore_port_speed(const dictionary* ini) {
     if (!has_fibre_speeds()) {
         return;
     }
     for (const FibrePort& fibre : fibre_ports) {
         const int speed = read_int(ini, fibre.speed_entry, 0);
-        if (speed != get_eeprom_fiber_speed(fibre.entry)) {
+        if (speed != get_eeprom_fiber_speed(eeprom_number(fibre.port))) {
             set_fiber_speed(fibre.port, speed);
-            set_eeprom_fiber_speed(fibre.entry, speed);
+            set_eeprom_fiber_speed(eeprom_number(fibre.port), speed);
         }
     }
 }

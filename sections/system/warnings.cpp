@@ -1,5 +1,5 @@
-// Codes stand in the document as words, compared with their letter case. A
-// code without a word has no line, a line without a known word is code 0.
+// The document holds codes as words, whose letter case counts. A code without a word
+// is not written; an unknown word is restored as code 0.
 
 #include "sections/system/warnings.h"
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-// Backup writes the first word of a code; restore takes each of them.
+// Backup writes a code's first word; restore accepts all of them.
 struct Word {
     std::uint8_t code;
     const char* text;
@@ -63,7 +63,7 @@ std::uint8_t code_of(const Word (&words)[Count], const char* text) {
     return 0;
 }
 
-// The device has codes for no more ports than these.
+// The device has no codes for further ports.
 int port_count() {
     return std::min<int>(g_ucMaxPhyPort, EMAIL_PORTS);
 }
@@ -108,8 +108,8 @@ void backup_ini_warning_alarm_settings(FILE* ini_file) {
     write_level(ini_file);
 }
 
-// All are read before the first is set. Code 0 of the level is not "Disabled"
-// but the highest severity: that is what a document without the key sets.
+// Reads all before it sets the first. Code 0 of the level is not "Disabled" but the
+// highest severity, which is what a document without the key sets.
 void restore_ini_warning_alarm(const dictionary* ini) {
     std::uint8_t ports[EMAIL_PORTS] = {};
     std::uint8_t powers[EMAIL_POWERS] = {};

@@ -1,5 +1,5 @@
-// "Warning/Alarm setting": the events that the switch warns of by mail. Check
-// accepts it as it is.
+// "Warning/Alarm setting": the events that the switch reports by mail. Check judges
+// none of it.
 #pragma once
 
 #include "frame/document.h"

@@ -1,5 +1,6 @@
 #include "tests/support/switch_test.h"
 
+#include "frame/keep_config.h"
 #include "frame/modes.h"
 #include "platform/simulator/state_file.h"
 

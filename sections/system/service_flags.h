@@ -1,5 +1,5 @@
 // "lldp setting", "port mirror setting", "https setting" and "auto default
-// setting": services that are on or off, port mirroring with its two ports.
+// setting": services that are on or off, and port mirroring with its two ports.
 #pragma once
 
 #include "frame/document.h"

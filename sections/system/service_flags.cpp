@@ -1,7 +1,7 @@
-// Check judges only whether the switch is there. Restore takes any number but
-// 1 for off; for port mirroring any but 0 for on, an absent one included.
+// Check judges only whether the flag is there. Restore takes any number but 1 as off;
+// for port mirroring, anything but 0 as on, even a missing flag.
 
-#include "sections/system/service_switches.h"
+#include "sections/system/service_flags.h"
 
 #include "frame/report.h"
 #include "platform/include/eeprom.h"
@@ -15,8 +15,10 @@ constexpr unsigned char lldp_off = 3;
 
 constexpr int mirror_mode = 3;
 constexpr int no_port = -1;
+constexpr int mirror_state_missing = -1; // goes to the device as it is
+constexpr std::size_t number_size = 64;  // of the texts that ports are read from
 
-void write_switch(FILE* ini_file, bool on) {
+void write_flag(FILE* ini_file, bool on) {
     fprintf(ini_file, "enable state      = \"%d\" ;\n", on ? 1 : 0);
 }
 
@@ -26,7 +28,7 @@ void backup_ini_lldp_settings(FILE* ini_file) {
     unsigned char enabled = 0;
     write_section_line(ini_file, "lldp setting");
     U_LldpGetEnable(&enabled);
-    write_switch(ini_file, enabled == lldp_on);
+    write_flag(ini_file, enabled == lldp_on);
 }
 
 int check_ini_lldp(const dictionary* ini, FILE* error_file) {
@@ -35,9 +37,9 @@ int check_ini_lldp(const dictionary* ini, FILE* error_file) {
 }
 
 void restore_ini_lldp(const dictionary* ini) {
-    const int state = read_int(ini, "lldp setting:enable state", -1);
+    const int state = read_int(ini, "lldp setting:enable state", 0);
     unsigned char enabled = state == 1 ? lldp_on : lldp_off;
-    // Not in the document, and back to these with every restore. In seconds.
+    // In seconds. The document does not have them: every restore sets these.
     unsigned short ttl = 120;
     unsigned short interval = 30;
     U_LldpSetEnable(&enabled);
@@ -45,10 +47,9 @@ void restore_ini_lldp(const dictionary* ini) {
     U_LldpSetTxInterval(&interval);
 }
 
-// What the document calls source is the analyzer port, and destination the
-// monitored one, in both directions.
-// Ports count from 1 in the document, but while mirroring is off they are the
-// device's own numbers: these say nothing, and restore does not read them.
+// "Source Port" is the analyzer port, "Destination Port" the monitored one (both
+// directions). They count from 1, but while mirroring is off they are the device's own
+// numbers, which mean nothing and are not restored.
 void backup_ini_port_mirror_settings(FILE* ini_file) {
     char state = 0;
     unsigned char mode = 0;
@@ -57,7 +58,7 @@ void backup_ini_port_mirror_settings(FILE* ini_file) {
     write_section_line(ini_file, "port mirror setting");
     U_FwdGetPortMirror(&state, &mode, &analyzer, &monitored);
     const int first = state != 0 ? 1 : 0;
-    write_switch(ini_file, state == 1);
+    write_flag(ini_file, state == 1);
     fprintf(ini_file, "Source Port       = \"%d\" ;\n", analyzer + first);
     fprintf(ini_file, "Destination Port  = \"%d\" ;\n", monitored + first);
 }
@@ -69,15 +70,15 @@ int check_ini_port_mirror(const dictionary* ini, FILE* error_file) {
 
 namespace {
 
-// No port at all when it is missing.
+// -1, no port, if it is missing.
 int read_mirror_port(const dictionary* ini, const char* entry) {
-    return static_cast<std::uint16_t>(read_decimal<64>(ini, entry)) - 1;
+    return static_cast<std::uint16_t>(read_decimal<number_size>(ini, entry)) - 1;
 }
 
 } // namespace
 
 void restore_ini_port_mirror(const dictionary* ini) {
-    const int state = read_int(ini, "port mirror setting:enable state", -1);
+    const int state = read_int(ini, "port mirror setting:enable state", mirror_state_missing);
     if (state == 0) {
         U_FwdSetPortMirror(0, 0, no_port, no_port);
         return;
@@ -87,12 +88,12 @@ void restore_ini_port_mirror(const dictionary* ini) {
     U_FwdSetPortMirror(state, mirror_mode, source, destination);
 }
 
-// On where it cannot be read.
+// Written as on if it cannot be read.
 void backup_ini_https_settings(FILE* ini_file) {
     char enabled = 1;
     write_section_line(ini_file, "https setting");
     U_FlshHTTPSGet(&enabled);
-    write_switch(ini_file, enabled == 1);
+    write_flag(ini_file, enabled == 1);
 }
 
 int check_ini_https(const dictionary* ini, FILE* error_file) {
@@ -101,12 +102,12 @@ int check_ini_https(const dictionary* ini, FILE* error_file) {
 }
 
 void restore_ini_https(const dictionary* ini) {
-    U_FlshHTTPSSet(read_int(ini, "https setting:enable state", -1) == 1 ? 1 : 0);
+    U_FlshHTTPSSet(read_int(ini, "https setting:enable state", 0) == 1 ? 1 : 0);
 }
 
 void backup_ini_adefault_settings(FILE* ini_file) {
     write_section_line(ini_file, "auto default setting");
-    write_switch(ini_file, get_eeprom_serial_port() != 0);
+    write_flag(ini_file, get_eeprom_serial_port() != 0);
 }
 
 int check_ini_adefault(const dictionary* ini, FILE* error_file) {
@@ -114,11 +115,11 @@ int check_ini_adefault(const dictionary* ini, FILE* error_file) {
                          USR_RET_ERR_ADEFAULT_STATE_NOT_FOUND);
 }
 
-// Spares the EEPROM a write where nothing changes. A stored number other than
-// 0 and 1 is always replaced.
+// Spares the EEPROM a write if nothing changes. A stored number other than 0 and 1
+// always does.
 void restore_ini_adefault(const dictionary* ini) {
     const int stored = get_eeprom_serial_port();
-    const int flag = read_int(ini, "auto default setting:enable state", -1) == 1 ? 1 : 0;
+    const int flag = read_int(ini, "auto default setting:enable state", 0) == 1 ? 1 : 0;
     if (flag != stored) {
         set_eeprom_serial_port(flag);
     }
