@@ -20,7 +20,7 @@ enum {
 };
 CONTRACT_ASSERT(ACL_CLASSIFIER_SA == 1 && ACL_CLASSIFIER_SRC_IP == 64);
 
-/* What a frame must match. The numbers are those of str_to_mac and str_to_ip. */
+/* What a frame must match. Addresses are in the form of mac_to_str and ip_to_str. */
 typedef struct {
     uint32_t ulBitMap;
     uint8_t aucSrcMac[6];

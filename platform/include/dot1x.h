@@ -17,7 +17,7 @@ extern "C" {
 unsigned short U_Dot1xGetEbl(char* enabled);
 unsigned short U_Dot1xSetEbl(char enabled);
 
-/* The server's IPv4 address, as the number of str_to_ip, and its two UDP ports. */
+/* The server's IPv4 address, in the form of ip_to_str, and its two UDP ports. */
 unsigned short U_FlshDot1xGetRds(uint32_t* address, uint16_t* server_port,
                                  uint16_t* accounting_port); /* stored */
 unsigned short U_Dot1xSetRds(uint32_t address, uint16_t server_port, uint16_t accounting_port);

@@ -18,7 +18,7 @@
 #if !defined(__cplusplus) && defined(__STDC_VERSION__) && __STDC_VERSION__ >= 201112L
 #define CONTRACT_ASSERT(condition) _Static_assert(condition, #condition)
 #else
-/* An array of -1 elements does not compile; any number of these declarations may stand together. */
+/* An array of -1 elements does not compile. Repeating the declaration is fine. */
 #define CONTRACT_ASSERT(condition) extern char contract_holds[(condition) ? 1 : -1]
 #endif
 #endif

@@ -13,7 +13,7 @@ typedef struct {
     char backUp; /* 1: on */
     uint16_t tm_hour;
     uint16_t tm_min;
-    uint32_t serverIp; /* IPv4, as the number of str_to_ip */
+    uint32_t serverIp; /* IPv4, in the form of ip_to_str */
 } TstFlshPeriodic;
 
 CONTRACT_SIZE(TstFlshPeriodic, 12);

@@ -1,9 +1,8 @@
 /*
  * Device identity and the IPv4 addresses of the management interface.
  *
- * Addresses are the numbers of str_to_ip and ip_to_str; 0 means none. Operations
- * return 0 (USR_RET_OK) or a fault. A read that fails leaves its outputs
- * unchanged.
+ * Addresses are in the form of ip_to_str; 0 means none. Operations return 0
+ * (USR_RET_OK) or a fault. A read that fails leaves its outputs unchanged.
  */
 #ifndef SWITCH_SYSTEM_H
 #define SWITCH_SYSTEM_H

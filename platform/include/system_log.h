@@ -15,8 +15,8 @@ extern "C" {
 
 /*
  * Whether events are kept in flash (1), the log level in the library's own
- * numbering, and the remote server: whether it is used (1), its IPv4 address as
- * the number of str_to_ip, and its port. The read returns the stored values.
+ * numbering, and the remote server: whether it is used (1), its IPv4 address in
+ * the form of ip_to_str, and its port. The read returns the stored values.
  */
 unsigned short Ui_SysLogFlashConfig(uint8_t* event_to_flash, uint8_t* level,
                                     uint8_t* server_enabled, unsigned long* server_address,
