@@ -3,6 +3,7 @@
 #include "platform/include/converters.h"
 
 #include <cstdarg>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -32,9 +33,9 @@ void expect(bool passed, const char* operation, const char* what, const char* fa
     Phrase found;
     va_list arguments;
     va_start(arguments, fault);
-    std::vsnprintf(found.chars, sizeof found.chars, fault, arguments);
+    std::vsnprintf(found.chars, passed ? 1 : sizeof found.chars, fault, arguments);
     va_end(arguments);
-    report(operation, what, passed ? Phrase() : found);
+    report(operation, what, found);
 }
 
 void judge(const char* name, bool is_accepted, bool is_own, const Phrase& value) {
@@ -64,20 +65,6 @@ unsigned char* low_bytes(unsigned long& number, std::size_t width) {
     return __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? bytes : bytes + sizeof number - width;
 }
 
-bool is_output(const Part& part) {
-    return part.kind != Part::input && part.kind != Part::index;
-}
-
-bool is_text(const Part& part) {
-    return part.kind == Part::text || part.kind == Part::mail || part.kind == Part::secret;
-}
-
-// Whether a byte is no part of a value: in a record, or what an IPv4 address has no use for.
-bool is_spare(const Part& part, std::size_t byte) {
-    return part.kind == Part::record || !is_output(part) ||
-           (part.kind == Part::ip && (byte == 2 || byte == 3 || byte >= 8));
-}
-
 // The number after a mark, if that comes next.
 unsigned long taken(const char*& text, char mark, unsigned long otherwise) {
     if (*text != mark) {
@@ -89,66 +76,90 @@ unsigned long taken(const char*& text, char mark, unsigned long otherwise) {
     return number;
 }
 
-} // namespace
+// An argument, or a member of the record before it.
+struct Part {
+    char name[24] = {};
+    char kind = ' ';
+    bool is_member = false;
+    std::size_t width = 0;
+    unsigned long low = 0, high = 0;
+    std::size_t place = 0;
 
-Parts::Parts(const char* text) {
-    std::size_t next = guard_size;
-    std::size_t argument = 0;
+    bool is_output() const { return kind != 'i' && kind != 'x'; }
+    bool is_text() const { return kind == 't' || kind == 'm' || kind == 's' || kind == 'v'; }
+    // Whether a byte is no part of the value. An IPv4 address has no use for all.
+    bool is_spare(std::size_t i) const {
+        return kind == 'r' || !is_output() || (kind == 'p' && (i == 2 || i == 3 || i >= 8));
+    }
+};
+
+// The described arguments in memory, each between guard bytes.
+struct Memory {
+    Part parts[80];
+    std::size_t count = 0;
+    unsigned char bytes[12 * 1024];
+
+    Memory(const char* described, unsigned char fill, unsigned index);
+    const Part* begin() const { return parts; }
+    const Part* end() const { return parts + count; }
+    unsigned char* at(const Part& part) { return bytes + part.place; }
+    void store(const Part& part, unsigned long value) {
+        std::memcpy(at(part), low_bytes(value, part.width), part.width);
+    }
+    unsigned long number(const Part& part) {
+        unsigned long value = 0;
+        std::memcpy(low_bytes(value, part.width), at(part), part.width);
+        return value;
+    }
+};
+
+Memory::Memory(const char* text, unsigned char fill, unsigned index) {
+    std::memset(bytes, guard_byte, sizeof bytes);
+    std::size_t record = 0;
+    std::size_t end = guard_size;
     for (; *text != '\0'; text += *text == ' ' ? 1 : 0) {
-        Part part = {};
-        part.name = text;
-        part.name_length = static_cast<int>(std::strcspn(text, "@/"));
-        text += part.name_length;
+        Part part;
+        const std::size_t length = std::strcspn(text, "@/");
+        std::memcpy(part.name, text, length);
+        text += length;
         part.is_member = *text == '@';
-        part.place = part.is_member ? arguments[argument - 1]->place + taken(text, '@', 0) : next;
-        const bool is_long = text[1] == 'L';
-        part.width = taken(text, '/', 0);
-        if (is_long) {
-            part.width = sizeof(long);
-            ++text;
-        }
+        record = part.is_member ? record : end;
+        part.place = record + taken(text, '@', 0);
+        part.width = text[1] == 'L' ? sizeof(long) : taken(text, '/', 0);
+        text += *text == '/' ? 2 : 0;
         const unsigned long repetitions = taken(text, '*', 1);
-        const unsigned long distance = taken(text, '+', part.width);
-        part.kind = std::strchr(" =", *text) != nullptr ? Part::number : Part::Kind{*text++};
+        const unsigned long distance = taken(text, '+', 0);
+        part.kind = std::strchr("= ", *text) == nullptr ? *text++ : ' ';
         part.low = taken(text, '=', 0);
         part.high = taken(text, '-', 0);
-        if (!part.is_member) {
-            arguments[argument++] = &list[count];
-            next += (part.width + 15) / 16 * 16 + 2 * guard_size;
-        }
+        end += part.is_member ? 0 : (part.width + 15) / 16 * 16 + 2 * guard_size;
         for (unsigned long i = 0; i < repetitions; ++i, part.place += distance) {
-            list[count++] = part;
-        }
-    }
-}
-
-Arguments::Arguments(const Parts& described, unsigned char fill, unsigned number)
-    : parts(described) {
-    std::memset(memory, guard_byte, sizeof memory);
-    for (const Part& part : parts) {
-        unsigned long value = part.kind == Part::input ? part.low : number;
-        if (is_output(part)) {
             std::memset(at(part), fill, part.width);
-        } else {
-            std::memcpy(at(part), low_bytes(value, part.width), part.width);
+            parts[count++] = part;
+        }
+        if (!part.is_output()) {
+            store(parts[count - 1], part.kind == 'i' ? part.low : index);
         }
     }
 }
 
-unsigned long Arguments::number(const Part& part) const {
-    unsigned long value = 0;
-    std::memcpy(low_bytes(value, part.width), memory + part.place, part.width);
-    return value;
+int run(const Operation& operation, Memory& memory) {
+    Arguments arguments = {};
+    std::size_t count = 0;
+    for (const Part& part : memory) {
+        if (!part.is_member) {
+            arguments.places[count] = memory.at(part);
+            arguments.numbers[count++] = part.width <= sizeof(long) ? memory.number(part) : 0;
+        }
+    }
+    return operation.call(arguments);
 }
 
-namespace {
-
-Phrase judge_guards(const Part& part, Arguments& arguments) {
+Phrase judge_guards(const Part& part, Memory& memory) {
     const auto width = static_cast<std::ptrdiff_t>(part.width);
     for (std::ptrdiff_t i = -guard_size; i < width + guard_size && !part.is_member; ++i) {
-        if ((i < 0 || i >= width) && arguments.at(part)[i] != guard_byte) {
-            return {"expected %zu bytes of %.*s, seen byte %td written", part.width,
-                    part.name_length, part.name, i};
+        if ((i < 0 || i >= width) && memory.at(part)[i] != guard_byte) {
+            return {"expected %zu bytes of %s, seen byte %td written", part.width, part.name, i};
         }
     }
     return {};
@@ -157,37 +168,32 @@ Phrase judge_guards(const Part& part, Arguments& arguments) {
 // An output that was left alone has the two fills. A call that fails leaves it so.
 Phrase judge_output(const Part& part, const unsigned char* first, const unsigned char* second,
                     int result) {
-    for (std::size_t i = 0; i < part.width && is_output(part); ++i) {
+    for (std::size_t i = 0; i < part.width && part.is_output(); ++i) {
         const bool is_written = first[i] != fills[0] || second[i] != fills[1];
         if (result != 0 && is_written) {
-            return {"expected %.*s left alone by a call that returns %d, seen byte %zu written",
-                    part.name_length, part.name, result, i};
+            return {"expected %s left alone by a call that returns %d, seen byte %zu written",
+                    part.name, result, i};
         }
-        if (result == 0 && !is_written && !is_spare(part, i)) {
-            return {"expected %zu bytes of %.*s%s, seen byte %zu not written",
-                    part.width,
-                    part.name_length,
-                    part.name,
-                    is_text(part) ? " or a shorter text" : "",
-                    i};
+        if (result == 0 && !is_written && !part.is_spare(i)) {
+            return {"expected %zu bytes of %s%s, seen byte %zu not written", part.width, part.name,
+                    part.is_text() ? " or a shorter text" : "", i};
         }
-        if (result == 0 && first[i] != second[i] && !is_spare(part, i)) {
-            return {"expected the same %.*s in a second read, seen another byte %zu",
-                    part.name_length, part.name, i};
+        if (result == 0 && first[i] != second[i] && !part.is_spare(i)) {
+            return {"expected the same %s in a second read, seen another byte %zu", part.name, i};
         }
-        if (is_text(part) && first[i] == '\0' && result == 0) {
+        if (part.is_text() && first[i] == '\0' && result == 0) {
             break;
         }
     }
     return {};
 }
 
-Phrase try_getter(const Operation& get, const Parts& parts, unsigned number) {
-    Arguments first(parts, fills[0], number);
-    Arguments second(parts, fills[1], number);
-    const int result = get.call(first);
-    get.call(second);
-    for (const Part& part : parts) {
+Phrase try_getter(const Operation& get, const char* described, unsigned index) {
+    Memory first(described, fills[0], index);
+    Memory second(described, fills[1], index);
+    const int result = run(get, first);
+    run(get, second);
+    for (const Part& part : first) {
         const Phrase guards = judge_guards(part, first);
         const Phrase found =
             guards ? guards : judge_output(part, first.at(part), second.at(part), result);
@@ -199,124 +205,116 @@ Phrase try_getter(const Operation& get, const Parts& parts, unsigned number) {
 }
 
 // A device may have more than the range. It is only asked to fail cleanly.
-Phrase try_beyond(const Operation& get, const Parts& parts, unsigned number) {
-    Arguments arguments(parts, 0, number);
-    const bool fails = get.call(arguments) != 0;
-    const Phrase found = fails ? try_getter(get, parts, number) : Phrase();
+Phrase try_beyond(const Operation& get, const char* described, unsigned index) {
+    Memory memory(described, 0, index);
+    const bool fails = run(get, memory) != 0;
+    const Phrase found = fails ? try_getter(get, described, index) : Phrase();
     return found.is_fault() ? found : Phrase();
 }
 
 // Adds what is found at an index to what was found before.
-void add(Phrase& found, const Phrase& more, const Parts& parts, unsigned number) {
-    if (found.is_fault() || !more) {
-        return;
-    }
-    found = more;
-    for (const Part& part : parts) {
-        if (part.kind == Part::index) {
-            found = {"%.150s (%.*s %u)", more.chars, part.name_length, part.name, number};
-        }
+void add(Phrase& found, const Phrase& more, const char* described, unsigned index) {
+    if (!found.is_fault() && more) {
+        const bool has_index = std::strstr(described, "x") != nullptr;
+        found = has_index ? Phrase("%.180s (%u)", more.chars, index) : more;
     }
 }
 
 bool is_same(const Part& part, const unsigned char* wanted, const unsigned char* seen) {
     for (std::size_t i = 0; i < part.width; ++i) {
-        if (wanted[i] != seen[i] && !is_spare(part, i)) {
+        if (wanted[i] != seen[i] && !part.is_spare(i)) {
             return false;
         }
-        if (is_text(part) && wanted[i] == '\0') {
+        if (part.is_text() && wanted[i] == '\0') {
             break;
         }
     }
     return true;
 }
 
-Phrase shown(const Part& part, Arguments& arguments) {
-    if (part.kind == Part::number) {
-        return {"%lu", arguments.number(part)};
-    }
-    const bool is_shown = part.kind == Part::text || part.kind == Part::mail;
-    return {"%.*s", static_cast<int>(part.width),
-            is_shown ? reinterpret_cast<const char*>(arguments.at(part)) : "..."};
+Phrase shown(const Part& part, Memory& memory) {
+    return part.kind == ' '                       ? Phrase("%lu", memory.number(part))
+           : part.kind == 't' || part.kind == 'm' ? Phrase("%.60s", memory.at(part))
+                                                  : Phrase("...");
 }
 
 // Sets what is wanted and reads it back.
-Phrase write(const Operation& get, const Operation& set, unsigned number, Arguments& wanted) {
-    Arguments given = wanted;
-    for (const Part& part : wanted.parts) {
-        if (is_text(part) && !part.is_member) {
+Phrase write(const Operation& get, const Operation& set, const char* described, unsigned index,
+             Memory& wanted) {
+    Memory given = wanted;
+    for (const Part& part : given) {
+        if (part.is_text() && !part.is_member) {
             given.at(part)[part.width] = '\0';
         }
     }
-    const int result = set.call(given);
-    Arguments seen(wanted.parts, 0, number);
-    get.call(seen);
-    for (const Part& part : wanted.parts) {
+    const int result = run(set, given);
+    Memory seen(described, 0, index);
+    run(get, seen);
+    for (const Part& part : wanted) {
         if (!is_same(part, wanted.at(part), seen.at(part))) {
-            return {"expected %.*s %.60s, seen %.60s after a result of %d",
-                    part.name_length,
-                    part.name,
-                    shown(part, wanted).chars,
-                    shown(part, seen).chars,
-                    result};
+            return {"expected %s %s, seen %s after a result of %d", part.name,
+                    shown(part, wanted).chars, shown(part, seen).chars, result};
         }
     }
     return {};
 }
 
 // Puts one of the two values to try into an output.
-void choose(const Part& part, bool high, unsigned char* bytes) {
+void choose(const Part& part, bool high, Memory& memory) {
     static constexpr const char* texts[] = {"abcdef0123456789", "fedcba9876543210fedcba9876543210"};
     static constexpr const char* mails[] = {"a@example.com", "0123456789abcdefghi@example.com"};
     static constexpr const char* hosts[] = {"192.0.2.10", "192.0.2.129"};
     static constexpr const char* masks[] = {"255.255.255.0", "255.255.0.0"};
+    unsigned char* bytes = memory.at(part);
     unsigned long value = high ? part.high : part.low;
-    if (is_text(part)) {
-        const char* chosen = (part.kind == Part::mail ? mails : texts)[high];
+    if (part.kind == 'v') {
+        const char* more = high ? ",4001,4005" : ",4001,4003,4005";
+        std::strncat(reinterpret_cast<char*>(bytes), more + (*bytes == 0 ? 1 : 0), 20);
+    } else if (part.is_text()) {
+        const char* chosen = (part.kind == 'm' ? mails : texts)[high];
         std::memset(bytes, 0, part.width);
         std::memcpy(bytes, chosen, strnlen(chosen, part.width - 1));
-    } else if (part.kind == Part::bytes) {
+    } else if (part.kind == 'b') {
         std::memset(bytes, static_cast<int>(value), part.width);
-    } else if (part.kind == Part::ip) {
+    } else if (part.kind == 'p') {
         std::memset(bytes, 0, part.width);
         str_to_ipaddr(reinterpret_cast<ip_addr_t*>(bytes), hosts[high]);
-    } else if (part.kind == Part::address || part.kind == Part::number) {
-        if (part.kind == Part::address) {
-            str_to_ip(&value, (part.low == 0 ? hosts : masks)[high]);
-        }
-        std::memcpy(bytes, low_bytes(value, part.width), part.width);
+    } else if (part.kind == 'a') {
+        str_to_ip(&value, (part.low == 0 ? hosts : masks)[high]);
+        memory.store(part, value);
+    } else if (part.kind == ' ') {
+        memory.store(part, value);
     }
 }
 
 // Sets both values to try, and then the old one again.
-Phrase try_setter(const Operation& get, const Operation& set, const Parts& parts, unsigned number,
-                  Phrase& put_back) {
-    Arguments before(parts, 0, number);
-    if (get.call(before) != 0) {
+Phrase try_setter(const Operation& get, const Operation& set, const char* described, unsigned index,
+                  Phrase& not_put_back) {
+    Memory before(described, 0, index);
+    if (run(get, before) != 0) {
         return {"SKIP its old value cannot be read"};
     }
     Phrase found;
     for (const bool high : {false, true}) {
-        Arguments wanted = before;
-        for (const Part& part : parts) {
-            choose(part, high, wanted.at(part));
+        Memory wanted = before;
+        for (const Part& part : before) {
+            choose(part, high, wanted);
         }
-        found = found ? found : write(get, set, number, wanted);
+        found = found ? found : write(get, set, described, index, wanted);
     }
-    put_back = write(get, set, number, before);
+    add(not_put_back, write(get, set, described, index, before), described, index);
     return found;
 }
 
 } // namespace
 
 void check_getter(Operation get, const char* described, Range range) {
-    const Parts parts(described);
     Phrase found = range.count == 0 ? Phrase("SKIP the device has none") : Phrase();
     const unsigned beyond = range.first + range.count;
-    for (unsigned number = range.first; number < beyond; ++number) {
-        add(found, try_getter(get, parts, number), parts, number);
+    for (unsigned index = range.first; index < beyond; ++index) {
+        add(found, try_getter(get, described, index), described, index);
     }
-    add(found, try_beyond(get, parts, beyond), parts, beyond);
+    add(found, try_beyond(get, described, beyond), described, beyond);
     report(get.name, "fills its outputs and nothing else, twice the same", found);
 }
 
@@ -325,13 +323,10 @@ void check_setting(Operation get, Operation set, const char* described, Range ra
     if (!writing || stopped != 0) {
         return;
     }
-    const Parts parts(described);
     Phrase found;
     Phrase not_put_back;
     for (unsigned i = range.first; i < range.first + range.count && stopped == 0; ++i) {
-        Phrase put_back;
-        add(found, try_setter(get, set, parts, i, put_back), parts, i);
-        add(not_put_back, put_back, parts, i);
+        add(found, try_setter(get, set, described, i, not_put_back), described, i);
     }
     report(set.name, "what is set is read back", found);
     report(set.name, "the old value is put back", not_put_back);
@@ -356,9 +351,8 @@ Phrase judge_rows(const Rows& wanted, const Rows& seen) {
             return {"expected row %u once as it was given, seen %u like it", i + 1, times};
         }
     }
-    return seen.count == wanted.count
-               ? Phrase()
-               : Phrase("expected %u rows, seen %u", wanted.count, seen.count);
+    const bool is_same = wanted.count == seen.count;
+    return is_same ? Phrase() : Phrase("expected %u rows, seen %u", wanted.count, seen.count);
 }
 
 Row made(const Table& table, unsigned n) {
@@ -388,14 +382,13 @@ void check_table(const Table& table) {
     Rows rows = table.read();
     Phrase found = rows.count < 15 ? Phrase() : Phrase("SKIP the table is full");
     unsigned added = 0;
-    for (unsigned count = 0; rows.count < 15 && !found && stopped == 0 && count != rows.count;) {
+    while (rows.count < 15 && !found && stopped == 0) {
         table.insert(made(table, added));
-        count = table.read().count;
-        if (added == 0 || count > rows.count) { // else the device takes no more
-            rows.list[rows.count++] = made(table, added++);
-            found = judge_rows(rows, table.read());
-            count = 0;
+        if (added > 0 && table.read().count == rows.count) {
+            break; // the device takes no more
         }
+        rows.list[rows.count++] = made(table, added++);
+        found = judge_rows(rows, table.read());
     }
     report(table.insert_name, "every row up to the last is listed", found);
     found = added > 1 ? delete_row(table, rows, made(table, added / 2)) : Phrase();

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <csignal>
-#include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <type_traits>
 #include <utility>
@@ -13,7 +13,8 @@ extern volatile std::sig_atomic_t stopped; // the signal that has asked to stop,
 extern int tried, failed;                  // lines printed
 
 // A piece of a message, in printf's format. As what a try has found it is empty
-// when all is well, and begins with "SKIP" when nothing could be judged.
+// when all is well, "SKIP ..." when nothing could be judged, and else a fault:
+// "expected ..., seen ...".
 struct Phrase {
     char chars[200] = {};
 
@@ -23,69 +24,27 @@ struct Phrase {
     bool is_fault() const { return chars[0] != '\0' && chars[0] != 'S'; }
 };
 
-// A fault reads "expected ..., seen ...".
 void report(const char* operation, const char* what, const Phrase& found);
 [[gnu::format(printf, 4, 5)]] void expect(bool passed, const char* operation, const char* what,
                                           const char* fault, ...);
 
-// An output of an operation or another argument, or a member of a record.
-struct Part {
-    enum Kind : char {
-        number = '=',
-        address = 'a', // IPv4, as a number; a netmask when low is 1
-        text = 't',    // terminated when it is shorter than its width
-        mail = 'm',    // a text that is a mail address
-        secret = 's',  // a text that is not printed
-        bytes = 'b',
-        ip = 'p',     // an ip_addr_t
-        record = 'r', // judged by its members only
-        input = 'i',  // a number passed by value
-        index = 'x',  // the number of the port, slot or row, passed by value
-    } kind;
-    const char* name;
-    int name_length;
-    std::size_t width;       // bytes
-    unsigned long low, high; // what a write tries
-    std::size_t place;       // in the memory of the arguments
-    bool is_member;
-};
-
-// "flag/1=0-1 port/1x name/30t setting/12r hour@2/2=0-23 weight@4/4*8=1-8": name,
-// offset in the record before it, width (L is that of unsigned long), number of
-// repetitions and the distance between them, kind, and the two numbers that a
-// write tries. Of a text it tries at most one character less than its width.
-struct Parts {
-    Part list[80];
-    std::size_t count = 0;
-    const Part* arguments[12] = {};
-
-    explicit Parts(const char* text);
-    const Part* begin() const { return list; }
-    const Part* end() const { return list + count; }
-};
-
-// The arguments of a call, between guard bytes.
+// The arguments of a call: where each is, and the number that is there.
 struct Arguments {
-    const Parts& parts;
-    unsigned char memory[12 * 1024];
-
-    Arguments(const Parts& described, unsigned char fill, unsigned number);
-    unsigned char* at(const Part& part) { return memory + part.place; }
-    unsigned long number(const Part& part) const;
+    unsigned char* places[12];
+    unsigned long numbers[12];
 };
 
 template <typename Type>
-Type argument(Arguments& arguments, std::size_t i) {
-    const Part& part = *arguments.parts.arguments[i];
+Type argument(const Arguments& arguments, std::size_t i) {
     if constexpr (std::is_pointer_v<Type>) {
-        return reinterpret_cast<Type>(arguments.at(part));
+        return reinterpret_cast<Type>(arguments.places[i]);
     } else {
-        return static_cast<Type>(arguments.number(part));
+        return static_cast<Type>(arguments.numbers[i]);
     }
 }
 
 template <typename Result, typename... Types, std::size_t... I>
-int invoke(Result (*function)(Types...), Arguments& arguments, std::index_sequence<I...>) {
+int invoke(Result (*function)(Types...), const Arguments& arguments, std::index_sequence<I...>) {
     if constexpr (std::is_void_v<Result>) {
         return function(argument<Types>(arguments, I)...), 0;
     } else {
@@ -94,19 +53,25 @@ int invoke(Result (*function)(Types...), Arguments& arguments, std::index_sequen
 }
 
 template <typename Result, typename... Types>
-int invoke(Result (*function)(Types...), Arguments& arguments) {
+int invoke(Result (*function)(Types...), const Arguments& arguments) {
     return invoke(function, arguments, std::index_sequence_for<Types...>{});
 }
 
 template <auto function>
-int call(Arguments& arguments) {
+int call(const Arguments& arguments) {
     return invoke(function, arguments);
+}
+
+// For an operation whose result says nothing about success.
+template <auto function>
+int call_only(const Arguments& arguments) {
+    return invoke(function, arguments), 0;
 }
 
 // An operation takes as many of the arguments as it has parameters.
 struct Operation {
     const char* name;
-    int (*call)(Arguments& arguments);
+    int (*call)(const Arguments& arguments);
 };
 
 #define NAMED(function) #function, function
@@ -126,10 +91,26 @@ struct Range {
 
 // A getter writes the width of its outputs and no more, twice the same, and
 // leaves them alone when it fails. It is asked for one index more than there are.
-void check_getter(Operation get, const char* parts, Range range = {});
+//
+// The arguments are described as "port/1x flag/1=0-1 name/30t setting/12r
+// hour@2/2=0-23 weight@4/4*8+4=1-8": name, offset in the record before it, width
+// (L is that of unsigned long), repetitions and their distance, one letter for
+// the kind, and the two values that a write tries. The letters are
+//   a  an IPv4 address as a number, a netmask when the value is 1
+//   b  bytes; a write sets each to the value
+//   i  a number passed by value
+//   m  a text that is a mail address
+//   p  an ip_addr_t
+//   r  a record, judged by its members only
+//   s  a text that is not printed
+//   t  a text, terminated when it is shorter than its width
+//   v  a list of VLANs, to which a write adds 4001, 4003 and 4005
+//   x  the index, passed by value
+// and a number has none. Of a text a write tries at most its width less 1.
+void check_getter(Operation get, const char* described, Range range = {});
 
 // The same; and when writing, what is set is read back, and the old value put back.
-void check_setting(Operation get, Operation set, const char* parts, Range range = {});
+void check_setting(Operation get, Operation set, const char* described, Range range = {});
 
 // A table whose rows are added and deleted.
 struct Row {

@@ -10,7 +10,7 @@
 
 namespace {
 
-account_err_t error; // of the last operation on accounts
+account_err_t error; // of the last operation on an account
 
 int read_account(uint8_t slot, account_t* account) {
     error = ACCOUNT_ERROR_NONE;
@@ -18,16 +18,11 @@ int read_account(uint8_t slot, account_t* account) {
     return error;
 }
 
-void read_name(uint8_t slot, char* name) {
+template <auto decrypt>
+void read_text(uint8_t slot, char* text) {
     account_t account = {};
     read_account(slot, &account);
-    account_decryptUsername(&account, name, 32, &error);
-}
-
-void read_password(uint8_t slot, char* password) {
-    account_t account = {};
-    read_account(slot, &account);
-    account_decryptPassword(&account, password, 32, &error);
+    decrypt(&account, text, 32, &error);
 }
 
 Rows read_accounts() {
@@ -36,70 +31,55 @@ Rows read_accounts() {
         account_t account = {};
         if (read_account(slot, &account) == ACCOUNT_ERROR_NONE) {
             Row& row = rows.list[rows.count++];
-            read_name(slot, row.name);
-            read_password(slot, row.detail);
+            read_text<account_decryptUsername>(slot, row.name);
+            read_text<account_decryptPassword>(slot, row.detail);
             row.number = account.access_right;
         }
     }
     return rows;
 }
 
-account_t record_of(const Row& row) {
+template <auto change>
+void change_account(const Row& row) {
     account_t account = {};
     account_encryptUsername(&account, row.name, 32, &error);
     account_encryptPassword(&account, row.detail, 32, &error);
     account.access_right = static_cast<permission_t>(row.number);
-    return account;
-}
-
-void add_account(const Row& row) {
-    const account_t account = record_of(row);
-    account_addToFlash(&account, &error);
-}
-
-void delete_account(const Row& row) {
-    const account_t account = record_of(row);
-    account_deleteFromFlash(&account, &error);
+    change(&account, &error);
 }
 
 // Restore adds an account with an empty name for each slot without keys, and deletes it.
 void check_empty_name() {
-    if (writing && stopped == 0) {
-        const unsigned count = read_accounts().count;
-        add_account(Row());
-        delete_account(Row());
-        expect(read_accounts().count == count, "account_deleteFromFlash",
-               "an account with an empty name goes again", "expected %u accounts, seen %u", count,
-               read_accounts().count);
-    }
-}
-
-void minimum_length(uint8_t* length) {
-    usrflsh_getPSWD_minLen(length);
-}
-
-void maximum_length(uint8_t* length) {
-    usrflsh_getPSWD_maxLen(length);
+    const unsigned count = read_accounts().count;
+    change_account<account_addToFlash>(Row());
+    change_account<account_deleteFromFlash>(Row());
+    expect(read_accounts().count == count, "account_deleteFromFlash",
+           "deletes an account with an empty name", "expected %u accounts, seen %u", count,
+           read_accounts().count);
 }
 
 void check_accounts() {
+    const Phrase record("slot/1x account/%zur name@0/32b password@32/32b right@64/4",
+                        sizeof(account_t));
     for (uint8_t slot = 0; slot < 15; ++slot) {
-        account_t account;
+        account_t account = {};
         if (read_account(slot, &account) == ACCOUNT_ERROR_NONE) {
-            const Phrase record("slot/1x account/%zur username@0/32b password@32/32b right@64/4",
-                                sizeof account);
             check_getter({"account_getFromFlash", call<read_account>}, record.chars, {slot});
-            check_getter({"account_decryptUsername", call<read_name>}, "slot/1x name/32t", {slot});
-            check_getter({"account_decryptPassword", call<read_password>}, "slot/1x password/32s",
-                         {slot});
+            check_getter({"account_decryptUsername", call<read_text<account_decryptUsername>>},
+                         "slot/1x text/32t", {slot});
+            check_getter({"account_decryptPassword", call<read_text<account_decryptPassword>>},
+                         "slot/1x text/32s", {slot});
         }
     }
-    check_empty_name();
-    check_table({"account_addToFlash", "account_deleteFromFlash", read_accounts, add_account,
-                 delete_account, user});
-    check_setting({"usrflsh_getPSWD_minLen", call<minimum_length>},
+    if (writing && stopped == 0) {
+        check_empty_name();
+    }
+    check_table({"account_addToFlash", "account_deleteFromFlash", read_accounts,
+                 change_account<account_addToFlash>, change_account<account_deleteFromFlash>,
+                 user});
+    check_setting({"usrflsh_getPSWD_minLen", call_only<usrflsh_getPSWD_minLen>},
                   OPERATION(usrflsh_setPSWD_minLen), "length/1=5-7");
-    check_setting({"usrflsh_getPSWD_maxLen", call<maximum_length>},
+    check_setting({"usrflsh_getPSWD_maxLen", call_only<usrflsh_getPSWD_maxLen>},
                   OPERATION(usrflsh_setPSWD_maxLen), "length/1=20-31");
 }
 
@@ -125,8 +105,7 @@ unsigned short set_login_server(const IP_ADDR_T* address, uint16_t port, const c
 void check_security() {
     check_accounts();
     SETTING(U_Dot1xGetEbl, U_Dot1xSetEbl, "flag/1=0-1");
-    SETTING(U_FlshDot1xGetRds, U_Dot1xSetRds,
-            "address/4a server-port/2=1-65535 accounting-port/2=1-65535");
+    SETTING(U_FlshDot1xGetRds, U_Dot1xSetRds, "address/4a server/2=1-65535 accounting/2=1-65535");
     SETTING(U_FlshDot1xGetRdsId, U_Dot1xSetRdsId, "identifier/30t size/1i=30");
     SETTING(U_FlshDot1xGetRdsKey, U_Dot1xSetRdsKey, "shared-key/30s size/1i=30");
     SETTING(U_Dot1xGetTimeoutQuiet, U_Dot1xSetTimeoutQuiet, "seconds/2=10-65535");

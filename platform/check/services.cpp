@@ -6,9 +6,9 @@
 #include "platform/include/sntp.h"
 #include "platform/include/system_log.h"
 
-#include <cstring>
-
 namespace {
+
+constexpr const char* long_text = "a text that is too long for any field of names on this device";
 
 Rows read_communities() {
     Rows rows;
@@ -20,14 +20,6 @@ Rows read_communities() {
         row.number = permission;
     }
     return rows;
-}
-
-void insert_community(const Row& row) {
-    U_SnmpInsCommunity(static_cast<uint8_t>(row.number), row.name);
-}
-
-void delete_community(const Row& row) {
-    U_SnmpDelCommunity(row.name);
 }
 
 Rows read_receivers() {
@@ -44,130 +36,100 @@ Rows read_receivers() {
     return rows;
 }
 
-ip_addr_t address_of(const Row& row) {
+template <auto insert>
+void insert_receiver(const Row& row) {
     ip_addr_t address = {};
     str_to_ipaddr(&address, row.detail);
-    return address;
-}
-
-// By the stored mode, as restore does.
-void insert_receiver(const Row& row) {
-    const ip_addr_t address = address_of(row);
-    const auto insert = value_of(U_FlshSnmpGetMode) == USR_SNMP_TRAP_MODE_TRAP
-                            ? U_SnmpInsTrapIpv6
-                            : U_SnmpInsInformIpv6;
     insert(&address, static_cast<uint16_t>(row.number), row.name);
 }
 
 void delete_receiver(const Row& row) {
-    const ip_addr_t address = address_of(row);
+    ip_addr_t address = {};
+    str_to_ipaddr(&address, row.detail);
     U_SnmpDelTrapIpv6(&address, static_cast<uint16_t>(row.number));
 }
 
-void check_receivers() {
-    const uint8_t mode = value_of(U_FlshSnmpGetMode);
-    check_table({"U_SnmpInsTrapIpv6", "U_SnmpDelTrapIpv6", read_receivers, insert_receiver,
-                 delete_receiver, 162});
-    if (writing && stopped == 0) {
-        U_FlshSnmpSetMode(mode == 0 ? 1 : 0);
-        check_table({"U_SnmpInsInformIpv6", "U_SnmpDelTrapIpv6", read_receivers, insert_receiver,
-                     delete_receiver, 162});
-        U_FlshSnmpSetMode(mode);
-    }
-    for (unsigned i = 0; i < read_receivers().count; ++i) {
-        const Row row = read_receivers().list[i];
-        VALIDATOR(Usrsnmp_check_trap_server_ip, {row.detail}, {});
-        VALIDATOR(Usrsnmp_check_trap_server_port, {static_cast<int>(row.number)}, {});
-        VALIDATOR(Usrsnmp_check_trap_community_string, {row.name}, {});
-    }
+void check_tables() {
+    check_table({"U_SnmpInsCommunity", "U_SnmpDelCommunity", read_communities,
+                 [](const Row& row) { U_SnmpInsCommunity(1, row.name); },
+                 [](const Row& row) { U_SnmpDelCommunity(row.name); }, 1});
+    check_table({"U_SnmpInsTrapIpv6", "U_SnmpDelTrapIpv6", read_receivers,
+                 insert_receiver<U_SnmpInsTrapIpv6>, delete_receiver, 162});
+    check_table({"U_SnmpInsInformIpv6", "U_SnmpDelTrapIpv6", read_receivers,
+                 insert_receiver<U_SnmpInsInformIpv6>, delete_receiver, 162});
 }
 
-constexpr const char* long_text = "a text that is too long for any field of names on this device";
-
-struct User {
-    char name[17] = {};
-    char password[33] = {};
-    char privacy_key[33] = {};
-    uint8_t authentication = 0;
-    uint8_t privacy = 0;
-
-    explicit User(uint16_t row) {
-        U_FlshSnmpGetUsmEntry(row, name, &authentication, password, &privacy, privacy_key);
-    }
-};
-
 // A user that exists may be replaced or kept. It cannot be deleted, so none is added.
-void check_user(uint16_t row) {
-    const User user(row);
-    char encrypted[encrypted_size];
-    encrypt_snmp_key(user.password, encrypted);
-    VALIDATOR(Usrflsh_check_snmpV3_userName, {user.name}, {});
-    VALIDATOR(Usrflsh_check_snmpV3_authentication_password, {encrypted}, {});
-    encrypt_snmp_key(user.privacy_key, encrypted);
-    VALIDATOR(Usrflsh_check_snmpV3_encryption_key, {encrypted}, {});
-    if (writing && stopped == 0) {
-        const unsigned count = value_of(U_SnmpGetUsmSize);
-        U_SnmpInsUsm(user.name, user.authentication, user.password, user.privacy, user.privacy_key);
-        const User again(row);
-        expect(value_of(U_SnmpGetUsmSize) == count && std::memcmp(&user, &again, sizeof user) == 0,
-               "U_SnmpInsUsm", "a user that exists is no second one",
-               "expected %u users, this one as it was, seen %u", count, value_of(U_SnmpGetUsmSize));
+void check_users() {
+    const unsigned count = value_of(U_SnmpGetUsmSize);
+    for (uint16_t i = 0; i < count; ++i) {
+        char name[17] = {};
+        char secrets[2][33] = {};
+        uint8_t protocols[2] = {};
+        char encrypted[2][encrypted_size];
+        U_FlshSnmpGetUsmEntry(i, name, &protocols[0], secrets[0], &protocols[1], secrets[1]);
+        encrypt_snmp_key(secrets[0], encrypted[0]);
+        encrypt_snmp_key(secrets[1], encrypted[1]);
+        VALIDATOR(Usrflsh_check_snmpV3_userName, {name}, {});
+        VALIDATOR(Usrflsh_check_snmpV3_authentication_password, {encrypted[0]}, {});
+        VALIDATOR(Usrflsh_check_snmpV3_encryption_key, {encrypted[1]}, {});
+        if (writing && stopped == 0) {
+            U_SnmpInsUsm(name, protocols[0], secrets[0], protocols[1], secrets[1]);
+            expect(value_of(U_SnmpGetUsmSize) == count, "U_SnmpInsUsm", "no user is there twice",
+                   "expected %u users, seen %u", count, value_of(U_SnmpGetUsmSize));
+        }
     }
 }
 
 void check_snmp() {
+    const Range communities = {0, value_of(U_SnmpGetCommunitySize)};
+    const Range receivers = {0, value_of(U_SnmpGetTrapSize)};
     SETTING(U_SnmpGetEbl, U_SnmpSetEbl, "flag/1=0-1");
     SETTING(U_FlshSnmpGetVer, U_FlshSnmpSetVer, "version/1=1-2");
     SETTING(U_FlshSnmpGetMode, U_FlshSnmpSetMode, "mode/1=0-1");
     GETTER(U_SnmpGetCommunitySize, "count/2");
     GETTER(U_SnmpGetTrapSize, "count/2");
     GETTER(U_SnmpGetUsmSize, "count/2");
-    const unsigned receivers = value_of(U_SnmpGetTrapSize);
-    GETTER(U_SnmpGetCommunityEntry, "row/2x permission/1 community/16s",
-           {0, value_of(U_SnmpGetCommunitySize)});
-    GETTER(U_SnmpGetTrapIpv6Entry, "row/2x address/20p port/2 community/16s", {0, receivers});
-    GETTER(U_FlshSnmpGetTrapIpv6Entry, "row/2x address/20p port/2 community/16s", {0, receivers});
-    GETTER(U_FlshSnmpGetUsmEntry, "row/2x name/16t authentication/1 password/32s privacy/1 key/32s",
+    GETTER(U_SnmpGetCommunityEntry, "row/2x permission/1 community/16s", communities);
+    GETTER(U_SnmpGetTrapIpv6Entry, "row/2x address/20p port/2 community/16s", receivers);
+    GETTER(U_FlshSnmpGetTrapIpv6Entry, "row/2x address/20p port/2 community/16s", receivers);
+    GETTER(U_FlshSnmpGetUsmEntry, "row/2x name/16t protocol/1 password/32s privacy/1 key/32s",
            {0, value_of(U_SnmpGetUsmSize)});
     VALIDATOR(Usrsnmp_check_snmp_enable, {value_of(U_SnmpGetEbl)}, {-2, 100});
     VALIDATOR(Usrflsh_check_snmp_version, {value_of(U_FlshSnmpGetVer)}, {-2, 256});
     VALIDATOR(Usrflsh_check_snmp_trap_mode, {value_of(U_FlshSnmpGetMode)}, {-2, 256});
-    VALIDATOR(Usrsnmp_check_community_permission_type, {}, {-2, 256});
-    VALIDATOR(Usrsnmp_check_community_string, {}, {long_text});
-    VALIDATOR(Usrsnmp_check_trap_server_ip, {}, {"not an address", "256.1.1.1"});
-    VALIDATOR(Usrsnmp_check_trap_server_port, {}, {-2, 65536});
-    VALIDATOR(Usrsnmp_check_trap_community_string, {}, {long_text});
+    for (unsigned i = 0; i < communities.count && i < 64; ++i) {
+        const Row row = read_communities().list[i];
+        VALIDATOR(Usrsnmp_check_community_string, {row.name}, {long_text});
+        VALIDATOR(Usrsnmp_check_community_permission_type, {static_cast<int>(row.number)},
+                  {-2, 256});
+    }
+    for (unsigned i = 0; i < receivers.count && i < 64; ++i) {
+        const Row row = read_receivers().list[i];
+        VALIDATOR(Usrsnmp_check_trap_server_ip, {row.detail}, {"not an address"});
+        VALIDATOR(Usrsnmp_check_trap_server_port, {static_cast<int>(row.number)}, {-2, 65536});
+        VALIDATOR(Usrsnmp_check_trap_community_string, {row.name}, {long_text});
+    }
     VALIDATOR(Usrflsh_check_snmpV3_userName, {}, {long_text});
     VALIDATOR(Usrflsh_check_snmpV3_authentication_password, {}, {"0123", long_text});
     VALIDATOR(Usrflsh_check_snmpV3_encryption_key, {}, {"0123", long_text});
-    for (unsigned i = 0; i < read_communities().count; ++i) {
-        const Row row = read_communities().list[i];
-        VALIDATOR(Usrsnmp_check_community_string, {row.name}, {});
-        VALIDATOR(Usrsnmp_check_community_permission_type, {static_cast<int>(row.number)}, {});
-    }
-    check_table({"U_SnmpInsCommunity", "U_SnmpDelCommunity", read_communities, insert_community,
-                 delete_community, 1});
-    check_receivers();
-    for (unsigned i = 0; i < value_of(U_SnmpGetUsmSize); ++i) {
-        check_user(static_cast<uint16_t>(i));
-    }
+    check_tables();
+    check_users();
 }
 
-// In the order of restore.
+// These two in the order of restore.
 unsigned short set_modbus(int enabled) {
     const unsigned short result = U_SysSetModbusEnabled(enabled);
     return enabled == 1 ? U_SysExecuteModbus(1) : result;
 }
 
 unsigned short set_modbus_port(int port) {
-    const bool runs = value_of(U_SysGetModbusEnabled) != 0;
-    if (runs) {
-        U_SysSetModbusEnabled(0);
+    if (value_of(U_SysGetModbusEnabled) == 0) {
+        return U_SysSetModbusPort(port);
     }
+    U_SysSetModbusEnabled(0);
     const unsigned short result = U_SysSetModbusPort(port);
-    if (runs) {
-        U_SysSetModbusEnabled(1);
-    }
+    U_SysSetModbusEnabled(1);
     return result;
 }
 
@@ -177,10 +139,10 @@ void check_modbus() {
                   "flag/1=0-1");
     check_setting(OPERATION(U_SysGetModbusPort), {"U_SysSetModbusPort", call<set_modbus_port>},
                   "port/L=503-65535");
+    const auto port = static_cast<int>(value_of(U_SysGetModbusPort));
     VALIDATOR(Usrmodbus_check_modbus_addr, {value_of(U_SysGetModbusAddr)}, {-2, 256});
     VALIDATOR(Usrmodbus_check_modbus_enable, {value_of(U_SysGetModbusEnabled)}, {-2, 100});
-    VALIDATOR(Usrmodbus_check_modbus_port, {static_cast<int>(value_of(U_SysGetModbusPort))},
-              {-2, 65536});
+    VALIDATOR(Usrmodbus_check_modbus_port, {port}, {-2, 65536});
 }
 
 void check_system_log() {
@@ -206,7 +168,7 @@ void check_services() {
     check_modbus();
     check_system_log();
     SETTING(U_SysGetMSNTP, U_SysSetMSNTP,
-            "client/1=0-1 zone/1=0-62 server1/32t server2/32t period/L=60-86400 last/Li=0");
+            "client/1=0-1 zone/1=0-62 server1/32t server2/32t period/L=60-86400 last/4i=0");
     GETTER(U_FlshntpIpDmStrngGet, "manual/1 ip-or-domain/1 ip/32t domain/32t");
     SETTING(U_SysGetDaylight, U_SysSetDaylight,
             "flag/1=0-1 month/1=3-4 week/1=1-2 day/1=0-1 hour/1=1-2 end-month/1=9-10 "
@@ -214,10 +176,9 @@ void check_services() {
     SETTING(U_FlshSmtpGetServer, U_FlshSmtpSetServer, "server/32t size/1i=32");
     SETTING(U_FlshSmtpGetSendAdd, U_FlshSmtpSetSendAdd, "sender/32m size/1i=32");
     SETTING(U_FlshSmtpGetSubject, U_FlshSmtpSetSubject, "subject/32t size/1i=32");
-    SETTING(U_FlshSmtpGetUnamePwd, U_FlshSmtpSetUnamePwd, "flag/1=0-1 username/32t password/16s");
+    SETTING(U_FlshSmtpGetUnamePwd, U_FlshSmtpSetUnamePwd, "flag/1=0-1 user/32t password/16s");
     SETTING(U_FlshSmtpGetTLS, U_FlshSmtpSetTLS, "flag/1=0-1");
-    SETTING(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd,
-            "recipient1/32m recipient2/32m recipient3/32m recipient4/32m");
+    SETTING(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd, "one/32m two/32m three/32m four/32m");
     if (writing) {
         U_SysSetRelayConfig();
     }

@@ -6,7 +6,6 @@
 #include "platform/include/rstp.h"
 #include "platform/include/vlan.h"
 
-#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -96,104 +95,67 @@ void check_rules() {
     }
 }
 
-// The roles and lists of the device, and the buffers of a check and the set after it.
-struct Roles {
-    vlan_data_t data;
-    char message[100];
-    TstFlshVlanEntry table[512];
-    int32_t removals[512];
-};
-
-Roles& device_roles() {
-    static Roles roles;
-    std::memset(&roles, 0, sizeof roles);
-    get_vlan_data(&roles.data);
-    return roles;
-}
-
-int check(Roles& roles) {
-    return check_vlan_data(&roles.data, roles.message, roles.table, roles.removals);
-}
-
-void check_verdict(const char* what, int expected, int role, const char* more) {
-    Roles& roles = device_roles();
-    char* list = roles.data.vlan_str[0];
-    roles.data.portrole[0] = role;
-    std::strncat(list, more + (list[0] == '\0' && more[0] == ',' ? 1 : 0),
-                 1023 - strnlen(list, 1023));
-    const int verdict = check(roles);
-    expect(verdict == expected, "check_vlan_data", what, "expected %d, seen %d", expected, verdict);
-}
-
 bool has_vlan(unsigned id) {
     TstLPortMask masks[2] = {};
     uint16_t protocol = 0;
     return U_VlanGetSttcEntry(static_cast<uint16_t>(id), &masks[0], &masks[1], &protocol) == 0;
 }
 
-// Sets the list of the last port, a trunk, and reads it back. VLANs from first
-// on, every other one, are then there as far as they are listed.
-void try_list(const char* what, const char* list, unsigned first, unsigned missing, int role) {
-    Roles& roles = device_roles();
-    roles.data.portrole[7] = role;
-    std::memset(roles.data.vlan_str[7], 0, sizeof roles.data.vlan_str[7]);
-    std::memcpy(roles.data.vlan_str[7], list, strnlen(list, 1023));
-    const int verdict = check(roles);
-    set_vlan_data(&roles.data, roles.message, roles.table, roles.removals, 1);
-    const vlan_data_t& seen = device_roles().data;
-    expect(seen.portrole[7] == role && std::strncmp(seen.vlan_str[7], list, 1024) == 0,
-           "set_vlan_data", what, "expected role %d, list %.80s, seen %d, %.80s, verdict %d", role,
-           list, seen.portrole[7], seen.vlan_str[7], verdict);
-    for (unsigned id = first; id < first + 6; id += 2) {
-        expect(has_vlan(id) == (id != missing && missing != 0), "U_VlanGetSttcEntry", what,
-               "expected VLAN %u to be %s, seen the opposite", id,
-               id != missing ? "there" : "gone");
-    }
+// Roles and lists, and which of the VLANs that a write adds are there.
+void vlans(vlan_data_t* data, uint8_t* first, uint8_t* second, uint8_t* third) {
+    get_vlan_data(data);
+    *first = has_vlan(4001) ? 1 : 0;
+    *second = has_vlan(4003) ? 1 : 0;
+    *third = has_vlan(4005) ? 1 : 0;
 }
 
-void write_vlans() {
-    static Roles before;
-    before = device_roles();
-    const char* own = before.data.vlan_str[7];
-    unsigned first = 4094;
-    while (first > 1 && !has_vlan(first)) {
-        --first;
-    }
-    if (++first > 4088 || strnlen(own, 1000) > 900) {
-        return report("set_vlan_data", "lists", {"SKIP there is no room for more VLANs"});
-    }
-    static char list[1100];
-    char* end = list + std::sprintf(list, "%s%s", own, own[0] == '\0' ? "" : ",");
-    std::sprintf(end, "%u,%u,%u", first, first + 2, first + 4);
-    try_list("three VLANs more", list, first, 1, VLAN_ROLE_TRUNK);
-    std::sprintf(end, "%u,%u", first, first + 4);
-    try_list("one from the middle less", list, first, first + 2, VLAN_ROLE_TRUNK);
-    const auto management = value_of(U_VlanGetMgnVlanId);
-    for (const unsigned id : {first, unsigned{management}}) {
-        U_FlshVlanSetMgnVlanId(static_cast<uint16_t>(id));
-        expect(value_of(U_VlanGetMgnVlanId) == id, "U_FlshVlanSetMgnVlanId", "is read back",
-               "expected %u, seen %u", id, value_of(U_VlanGetMgnVlanId));
-    }
-    for (unsigned id = first; id <= 4094 && end - list < 1018; id += 2) {
-        end += std::sprintf(end, id == first ? "%u" : ",%u", id);
-    }
-    try_list("a list that fills its field", list, first, 1, VLAN_ROLE_TRUNK);
-    try_list("the old list is put back", own, first, 0, before.data.portrole[7]);
+// The buffers of a check, and of the set after it.
+struct Work {
+    char message[100];
+    TstFlshVlanEntry table[512];
+    int32_t removals[512];
+} work;
+
+int check_vlans(vlan_data_t* data) {
+    std::memset(&work, 0, sizeof work);
+    return check_vlan_data(data, work.message, work.table, work.removals);
 }
 
-void check_vlans() {
-    GETTER(get_vlan_data, "data/8256r role@0/4*8 list@64/1024*8t");
-    GETTER(U_VlanGetMgnVlanId, "id/2");
+int set_vlans(vlan_data_t* data) {
+    const int verdict = check_vlans(data);
+    set_vlan_data(data, work.message, work.table, work.removals, 1);
+    return verdict;
+}
+
+void check_verdict(const char* what, int expected, int role, const char* more) {
+    static vlan_data_t data;
+    std::memset(&data, 0, sizeof data);
+    get_vlan_data(&data);
+    char* list = data.vlan_str[0];
+    data.portrole[0] = role < 0 ? data.portrole[0] : role;
+    std::strncat(list, more + (list[0] == '\0' && more[0] == ',' ? 1 : 0),
+                 1023 - strnlen(list, 1023));
+    const int verdict = check_vlans(&data);
+    expect(verdict == expected, "check_vlan_data", what, "expected %d, seen %d", expected, verdict);
+}
+
+void check_vlan_header() {
+    GETTER(get_vlan_data, "data/8256r role@0/4*8+4 list@64/1024*8+1024t");
     const unsigned management = value_of(U_VlanGetMgnVlanId);
+    unsigned other = 1;
+    while (other < 4094 && (other == management || !has_vlan(other))) {
+        ++other;
+    }
     GETTER(U_VlanGetSttcEntry, "id/2x members/8b tagged/8b protocol/2", {management, 1});
-    check_verdict("accepts the device's own", 0, device_roles().data.portrole[0], "");
+    check_verdict("accepts the device's own", 0, -1, "");
     check_verdict("finds a role that is neither", VLAN_DATA_ROLE, 2, "");
     check_verdict("finds an access port in two VLANs", VLAN_DATA_ACCESS_LIST, 0, ",4093,4094");
     check_verdict("finds what is not a number", VLAN_DATA_ID_VALUE, 1, ",x");
     check_verdict("finds a number out of range", VLAN_DATA_ID_RANGE, 1, ",4095");
-    if (writing && stopped == 0) {
-        write_vlans();
-    }
+    check_setting({"get_vlan_data", call<vlans>}, {"set_vlan_data", call<set_vlans>},
+                  "data/8256r role@28/4=1-1 list@7232/1024v first/1=1-1 second/1=1-0 third/1=1-1");
+    SETTING(U_VlanGetMgnVlanId, U_FlshVlanSetMgnVlanId,
+            Phrase("id/2=%u-%u", management, has_vlan(other) ? other : management).chars);
     SETTING(U_FlshVlanGetPortBasedEntry, U_FlshVlanSetPortBasedEntry,
             "table/64r low@0/4*8+8=256-0 high@4/4*8+8=0-0");
 }
@@ -202,7 +164,7 @@ void check_vlans() {
 
 void check_switching() {
     check_rstp();
-    check_vlans();
+    check_vlan_header();
     check_rules();
     SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode,
             "mode/40r sch@0/2=0-0 weight@4/4*8=1-8 classify@36/4=1-3");

@@ -7,36 +7,32 @@
 #include "platform/include/services.h"
 #include "platform/include/warnings.h"
 
-#include <cstdint>
-
 namespace {
 
-void judge(const char* name, unsigned short verdict, bool is_good, const char* what) {
-    expect((verdict == 0) == is_good, name, what, "expected %s, seen %u", is_good ? "0" : "a code",
-           verdict);
+// These validators return 0 for what they accept.
+template <typename... Texts>
+void check_texts(const char* name, unsigned short (*validate)(Texts...), bool is_good,
+                 Texts... texts) {
+    const unsigned short code = validate(texts...);
+    expect((code == 0) == is_good, name, is_good ? "accepts what is right" : "refuses what is not",
+           "expected %s, seen %u", is_good ? "0" : "a code", code);
 }
 
 void check_address_validators() {
-    const char* address = "192.0.2.1";
+    const char* host = "192.0.2.1";
     const char* mask = "255.255.255.0";
-    judge("U_SysCheckIpMaskString", U_SysCheckIpMaskString(address, mask), true,
-          "accepts an address and its mask");
-    judge("U_SysCheckIpMaskString", U_SysCheckIpMaskString("256.1.1.1", mask), false,
-          "refuses another address");
-    judge("U_SysCheckIpMaskString", U_SysCheckIpMaskString(address, "mask"), false,
-          "refuses another mask");
-    judge("U_SysCheckGatewayString", U_SysCheckGatewayString(address), true, "accepts an address");
-    judge("U_SysCheckGatewayString", U_SysCheckGatewayString("gateway"), false,
-          "refuses another text");
-    judge("U_SysCheckDnsString", U_SysCheckDnsString(address), true, "accepts an address");
-    judge("U_SysCheckDnsString", U_SysCheckDnsString("server"), false, "refuses another text");
-    judge("U_SysCheckInTheSubnet", U_SysCheckInTheSubnet(address, mask, "192.0.2.254"), true,
-          "accepts a gateway of the subnet");
-    judge("U_SysCheckInTheSubnet", U_SysCheckInTheSubnet(address, mask, "198.51.100.1"), false,
-          "refuses one of another");
+    check_texts(NAMED(U_SysCheckIpMaskString), true, host, mask);
+    check_texts(NAMED(U_SysCheckIpMaskString), false, "256.1.1.1", mask);
+    check_texts(NAMED(U_SysCheckIpMaskString), false, host, "mask");
+    check_texts(NAMED(U_SysCheckGatewayString), true, host);
+    check_texts(NAMED(U_SysCheckGatewayString), false, "gateway");
+    check_texts(NAMED(U_SysCheckInTheSubnet), true, host, mask, "192.0.2.254");
+    check_texts(NAMED(U_SysCheckInTheSubnet), false, host, mask, "198.51.100.1");
+    check_texts(NAMED(U_SysCheckDnsString), true, host);
+    check_texts(NAMED(U_SysCheckDnsString), false, "server");
 }
 
-// On is 1; any other number is off, and is set as 3.
+// On is 1. Any other number is off, which is set as 3.
 unsigned short lldp_state(unsigned char* state) {
     const unsigned short result = U_LldpGetEnable(state);
     *state = *state == 1 ? 1 : 3;
@@ -50,10 +46,6 @@ unsigned short set_mirror(char state, unsigned char mode, unsigned short analyze
                               static_cast<int16_t>(monitored));
 }
 
-void model_name(char* name) {
-    get_full_model_name(name);
-}
-
 void serial_port(int* flag) {
     *flag = get_eeprom_serial_port();
 }
@@ -61,14 +53,14 @@ void serial_port(int* flag) {
 } // namespace
 
 void check_system() {
-    check_getter({"get_full_model_name", call<model_name>}, "name/33t");
+    check_getter({"get_full_model_name", call_only<get_full_model_name>}, "name/33t");
     GETTER(U_SysGetMac, "address/6b");
     GETTER(U_SysGetFirmwareVer, "major/1 minor/1 date/L");
     SETTING(U_FlshSysInfoGetName, U_FlshSysInfoSetName, "name/30t size/1i=30");
     SETTING(U_FlshSysGetDhcp, U_FlshSysSetDhcp, "flag/1=0-1");
     SETTING(U_FlshSysGetIp, U_FlshSysSetIp, "address/La mask/La=1");
     SETTING(U_FlshSysGetGateway, U_FlshSysSetGateway, "address/La");
-    SETTING(U_FlshSysGetDNSIp, U_FlshSysSetDNSIp, "index/2i=1 address/La");
+    SETTING(U_FlshSysGetDNSIp, U_FlshSysSetDNSIp, "server/2i=1 address/La");
     check_address_validators();
     GETTER(U_LldpGetEnable, "state/1");
     check_setting({"U_LldpGetEnable", call<lldp_state>}, OPERATION(U_LldpSetEnable), "state/1=3-1");
