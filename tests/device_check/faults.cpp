@@ -1,16 +1,13 @@
-// Device libraries with one fault each: the simulated switch, but the linker
-// (--wrap) takes these operations from here. FAULT in the environment names the
-// one that is faulty.
+// Device libraries with one fault each: the simulated switch, but the linker (--wrap)
+// takes these operations from here. FAULT in the environment names the faulty one.
 
 #include "platform/include/accounts.h"
 #include "platform/include/aes.h"
 #include "platform/include/converters.h"
 #include "platform/include/dot1x.h"
-#include "platform/include/login_server.h"
 #include "platform/include/modbus.h"
 #include "platform/include/port_masks.h"
 #include "platform/include/ports.h"
-#include "platform/include/qos.h"
 #include "platform/include/rstp.h"
 #include "platform/include/services.h"
 #include "platform/include/smtp.h"
@@ -27,11 +24,7 @@
 
 namespace {
 
-bool is_faulty(const char* operation) {
-    const char* fault = std::getenv("FAULT");
-    return fault != nullptr && std::strcmp(fault, operation) == 0;
-}
-
+const char* const fault = std::getenv("FAULT") != nullptr ? std::getenv("FAULT") : "";
 int calls = 0;
 
 } // namespace
@@ -41,7 +34,7 @@ int calls = 0;
     extern "C" decltype(operation) real_##operation asm("__real_" #operation);                     \
     extern "C" decltype(operation) wrap_##operation asm("__wrap_" #operation);                     \
     type wrap_##operation parameters {                                                             \
-        if (is_faulty(#operation)) {                                                               \
+        if (std::strncmp(fault, #operation, sizeof #operation - 1) == 0) {                         \
             __VA_ARGS__                                                                            \
         }                                                                                          \
         return real_##operation arguments;                                                         \
@@ -76,9 +69,6 @@ FAULTY(char, Usrmodbus_check_modbus_port, (int port), (port),
        return real_Usrmodbus_check_modbus_port(port) == 0;)
 FAULTY(int, Usrsyslog_check_log_level, (int level), (level), return level >= -1;)
 FAULTY(int, Usrmacsec_check_fiber_speed, (int speed), (speed), return speed * 256;)
-FAULTY(unsigned short, U_SysCheckInTheSubnet,
-       (const char* address, const char* mask, const char* gateway), (address, mask, gateway),
-       return 0;)
 FAULTY(int, check_vlan_data,
        (vlan_data_t * data, char* message, TstFlshVlanEntry* table, void* removals),
        (data, message, table, removals), data->portrole[0] &= 1;)
@@ -110,7 +100,13 @@ FAULTY(void, U_PPortMaskOr,
        (TstPPortMask * destination, const TstPPortMask* first, const TstPPortMask* second),
        (destination, first, second), destination->ulMask[0] = first->ulMask[0] | second->ulMask[0];
        return;)
-FAULTY(uint16_t, U_TrkLId2LogicId, (char* name, uint8_t id), (name, id), id = id > 8 ? 8 : id;)
+FAULTY(
+    uint16_t, U_TrkLId2LogicId, (char* name, uint8_t id), (name, id),
+    const bool is_trunk = fault[16] == '\0'; // else the fault is that of Port7
+    id = is_trunk && id > 8 ? 8 : id; if (!is_trunk && id == 6) { id = 9; })
+FAULTY(uint16_t, U_TrkLId2PMask, (TstPPortMask * members, uint8_t id), (members, id),
+       members->ulMask[0] = id;
+       return 0;)
 FAULTY(uint8_t, U_PortGetMode, (uint8_t port), (port), port = port == 4 ? 6 : port;)
 
 // Setters: without effect, with effect once only, cut, and one that leaves a hole in a table.
@@ -121,8 +117,6 @@ FAULTY(unsigned short, U_Dot1xSetTimeoutReauth, (uint32_t seconds), (seconds), s
 FAULTY(unsigned short, U_SnmpDelCommunity, (const char* community), (community),
        real_U_SnmpDelCommunity(community);
        return U_SnmpInsCommunity(0, "");)
-FAULTY(unsigned short, U_SnmpDelTrapIpv6, (const IP_ADDR_T* address, uint16_t port),
-       (address, port), return 0;)
 FAULTY(
     void, account_deleteFromFlash, (const account_t* account, account_err_t* error),
     (account, error), char name[33] = "";
