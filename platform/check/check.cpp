@@ -30,6 +30,9 @@ void report(const char* operation, const char* what, const Phrase& found) {
 }
 
 void expect(bool passed, const char* operation, const char* what, const char* fault, ...) {
+    if (writing) {
+        return;
+    }
     Phrase found;
     va_list arguments;
     va_start(arguments, fault);
@@ -309,6 +312,9 @@ Phrase try_setter(const Operation& get, const Operation& set, const char* descri
 } // namespace
 
 void check_getter(Operation get, const char* described, Range range) {
+    if (writing) {
+        return;
+    }
     Phrase found = range.count == 0 ? Phrase("SKIP the device has none") : Phrase();
     const unsigned beyond = range.first + range.count;
     for (unsigned index = range.first; index < beyond; ++index) {

@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <utility>
 
-extern bool writing;                       // whether settings may be changed
+extern bool writing;                       // the second pass, which sets what can be set
 extern volatile std::sig_atomic_t stopped; // the signal that has asked to stop, or 0
 extern int tried, failed;                  // lines printed
 
@@ -25,6 +25,8 @@ struct Phrase {
 };
 
 void report(const char* operation, const char* what, const Phrase& found);
+
+// A try of the first pass, which only reads.
 [[gnu::format(printf, 4, 5)]] void expect(bool passed, const char* operation, const char* what,
                                           const char* fault, ...);
 
@@ -89,8 +91,8 @@ struct Range {
     unsigned count = 1;
 };
 
-// A getter writes the width of its outputs and no more, twice the same, and
-// leaves them alone when it fails. It is asked for one index more than there are.
+// First pass: a getter writes the width of its outputs and no more, twice the
+// same, and leaves them alone when it fails. It is asked for one index too many.
 //
 // The arguments are described as "port/1x flag/1=0-1 name/30t setting/12r
 // hour@2/2=0-23 weight@4/4*8+4=1-8": name, offset in the record before it, width
@@ -109,7 +111,7 @@ struct Range {
 // and a number has none. Of a text a write tries at most its width less 1.
 void check_getter(Operation get, const char* described, Range range = {});
 
-// The same; and when writing, what is set is read back, and the old value put back.
+// The same. Second pass: what is set is read back, and the old value put back.
 void check_setting(Operation get, Operation set, const char* described, Range range = {});
 
 // A table whose rows are added and deleted.
@@ -133,7 +135,7 @@ struct Table {
     long number; // of the rows that are added
 };
 
-// Only when writing: fills a table of 15 rows, deletes from its middle, and puts it back.
+// Second pass: fills a table of 15 rows, deletes from its middle, and puts it back.
 void check_table(const Table& table);
 
 // Validators accept what the device has, and refuse what no device takes.
