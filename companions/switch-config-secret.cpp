@@ -1,0 +1,113 @@
+// Prints the text that a document holds for a secret.
+//
+//   switch-config-secret snmp|dot1x|sci|sak
+//
+// The secret comes from the terminal, without echo, or from standard input.
+
+#include "codec/secret_codec.h"
+#include "frame/text.h"
+
+#include <csignal>
+#include <cstdio>
+#include <initializer_list>
+#include <termios.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int refused = 1;
+constexpr int wrong_usage = 2;
+constexpr char hexadecimal_digits[] = "0123456789abcdefABCDEF";
+
+// Each kind with the lengths that restore decodes again, in bytes.
+constexpr struct Kind {
+    const char* name;
+    std::size_t min_length;
+    std::size_t max_length;
+    bool hexadecimal;
+    void (*encrypt)(const char* secret, char (&text)[encrypted_size]);
+} kinds[] = {
+    {"snmp", 1, 32, false, encrypt_snmp_key},
+    {"dot1x", 1, 29, false, encrypt_dot1x_key},
+    {"sci", 16, 16, true, encrypt_sci}, // IEEE 802.1AE: 64 bits
+    {"sak", 32, 32, true, encrypt_sak}, // 128 bits
+};
+
+using Input = Secret<256>;
+
+termios terminal;
+
+// Turns the echo on again and dies of the signal.
+void end_with_echo(int number) {
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &terminal);
+    signal(number, SIG_DFL);
+    raise(number);
+}
+
+// Byte by byte, since a stream would keep a copy in its buffer. False for a line
+// with a control character, and for one that fills the buffer.
+bool read_line(Input& input) {
+    for (std::size_t i = 0; i + 1 < sizeof input.chars; ++i) {
+        const ssize_t count = read(STDIN_FILENO, &input.chars[i], 1);
+        if (count != 1 || input.chars[i] == '\n') {
+            input.chars[i] = '\0';
+            return count >= 0;
+        }
+        if (static_cast<unsigned char>(input.chars[i]) < ' ' || input.chars[i] == '\x7f') {
+            return false;
+        }
+    }
+    return false;
+}
+
+bool ask(const char* prompt, Input& input) {
+    fprintf(stderr, "%s: ", prompt);
+    const bool answered = read_line(input);
+    fprintf(stderr, "\n");
+    return answered;
+}
+
+// Asks twice, since nobody sees what is typed.
+bool ask_without_echo(Input& input) {
+    Input again;
+    termios silent = terminal;
+    silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+        signal(number, end_with_echo);
+    }
+    signal(SIGTSTP, SIG_IGN); // the shell would turn the echo on
+    const bool answered = tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent) == 0 &&
+                          ask("Secret", input) && ask("Again", again);
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &terminal);
+    return answered && strcmp(input.chars, again.chars) == 0;
+}
+
+int encode(const Kind& kind) {
+    Input input;
+    char text[encrypted_size] = {};
+    const bool at_terminal = tcgetattr(STDIN_FILENO, &terminal) == 0;
+    const bool is_read = at_terminal ? ask_without_echo(input) : read_line(input);
+    const std::size_t length = strlen(input.chars);
+    if (!is_read || length < kind.min_length || length > kind.max_length ||
+        (kind.hexadecimal && strspn(input.chars, hexadecimal_digits) != length)) {
+        fprintf(stderr, "switch-config-secret: refused%s; %s takes %zu to %zu %s\n",
+                at_terminal && !is_read ? ", the two differ" : "", kind.name, kind.min_length,
+                kind.max_length, kind.hexadecimal ? "hexadecimal digits" : "printable bytes");
+        return refused;
+    }
+    kind.encrypt(input.chars, text);
+    return printf("%s\n", text) > 0 && fflush(stdout) == 0 ? 0 : refused;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    for (const Kind& kind : kinds) {
+        if (argc == 2 && strcmp(argv[1], kind.name) == 0) {
+            return encode(kind);
+        }
+    }
+    fprintf(stderr, "usage: switch-config-secret snmp|dot1x|sci|sak\n"
+                    "It reads the secret from the terminal or from standard input.\n");
+    return wrong_usage;
+}
