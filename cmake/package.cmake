@@ -1,7 +1,9 @@
 # What cmake --install puts where, and the Debian package of it.
 include(GNUInstallDirs)
 
-install(TARGETS switch-config DESTINATION ${CMAKE_INSTALL_SBINDIR})
+install(TARGETS ${programs} DESTINATION ${CMAKE_INSTALL_SBINDIR})
+install(PROGRAMS ${PROJECT_SOURCE_DIR}/companions/switch-config-apply
+  ${PROJECT_SOURCE_DIR}/companions/switch-config-explain DESTINATION ${CMAKE_INSTALL_SBINDIR})
 
 file(GLOB documents CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
@@ -21,8 +23,6 @@ foreach(page ${pages})
 endforeach()
 add_custom_target(manual ALL DEPENDS ${compressed})
 install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
-install(PROGRAMS ${PROJECT_SOURCE_DIR}/docs/examples/careful-restore
-  DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/examples)
 
 # The report codes for programs, one a line: number, name, section, sentence.
 set(manual ${PROJECT_SOURCE_DIR}/docs/switch-config.8)
