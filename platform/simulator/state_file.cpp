@@ -179,9 +179,10 @@ std::string difference(const json& written, const json& held) {
                : ": must be written as " + text;
 }
 
-// The JSON library's message without its mark, "[json.exception.type_error.302] ".
+// The JSON library's message without its mark, "[json.exception.type_error.302] ",
+// and without the text that it read last, which may be secret.
 std::string message_of(const std::exception& fault) {
-    static const std::regex mark(R"(^\[json\.exception\.[^\]]*\] )");
+    static const std::regex mark(R"(^\[json\.exception\.[^\]]*\] |; last read: '[^]*')");
     static const std::regex no_object(R"(^cannot use value\(\) with)");
     const std::string message = std::regex_replace(fault.what(), mark, "");
     return std::regex_replace(message, no_object, "must be an object, but is");

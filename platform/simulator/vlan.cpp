@@ -6,8 +6,8 @@
 //    text that is not an ID or a range, an ID out of range, and an access port's
 //    second VLAN. More than 512 VLANs do not fit the table, and have a code of
 //    this switch's own.
-//  - The management VLAN is never at fault. The verdict in the state makes a
-//    check report one, or any other code.
+//  - The management VLAN is never at fault. A verdict other than 0 in the state
+//    is what a check returns when it finds no fault; a negative one fails it.
 //  - A check that is made to fail, or whose buffers are not zero, returns
 //    VLAN_DATA_MANAGEMENT.
 //  - A check puts the VLANs to store into the entry table and the IDs to remove
