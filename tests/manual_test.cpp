@@ -7,7 +7,6 @@
 // they behave alike. A key whose absence changes nothing is first given another
 // value, which is shown.
 
-#include "frame/modes.h"
 #include "platform/simulator/state_file.h"
 #include "tests/support/switch_test.h"
 
@@ -236,10 +235,4 @@ TEST_F(Manual, HasEveryKeyAndWhatAMissingOneStandsFor) {
     leave_out_each_key({}, backup());
     EXPECT_EQ(written.size(), entries.size()) << "keys that backup never writes";
     expect_golden(lines, "missing.txt");
-}
-
-TEST_F(Manual, HasTheFiles) {
-    for (const std::string path : {backup_path, restore_path, report_path}) {
-        EXPECT_TRUE(contains(source("docs/switch-config.8"), "\n.It Pa " + path + "\n")) << path;
-    }
 }
