@@ -76,11 +76,13 @@ struct Operation {
     int (*call)(const Arguments& arguments);
 };
 
+template <auto function>
+Operation operation(const char* name) {
+    return {name, call<function>};
+}
+
 #define NAMED(function) #function, function
-#define OPERATION(function)                                                                        \
-    Operation {                                                                                    \
-#function, call < function>                                                                \
-    }
+#define OPERATION(function) operation<function>(#function)
 #define GETTER(get, ...) check_getter(OPERATION(get), __VA_ARGS__)
 #define SETTING(get, set, ...) check_setting(OPERATION(get), OPERATION(set), __VA_ARGS__)
 #define VALIDATOR(accepts, ...) check_validator(NAMED(accepts), __VA_ARGS__)
@@ -94,10 +96,11 @@ struct Range {
 // First pass: a getter writes the width of its outputs and no more, twice the
 // same, and leaves them alone when it fails. It is asked for one index too many.
 //
-// The arguments are described as "port/1x flag/1=0-1 name/30t setting/12r
+// The arguments are described as "port/1# flag/1=0-1 name/30t setting/12r
 // hour@2/2=0-23 weight@4/4*8+4=1-8": name, offset in the record before it, width
 // (L is that of unsigned long), repetitions and their distance, one letter for
 // the kind, and the two values that a write tries. The letters are
+//   #  the index, passed by value
 //   a  an IPv4 address as a number, a netmask when the value is 1
 //   b  bytes; a write sets each to the value
 //   i  a number passed by value
@@ -107,7 +110,6 @@ struct Range {
 //   s  a text that is not printed
 //   t  a text, terminated when it is shorter than its width
 //   v  a list of VLANs, to which a write adds 4001, 4003 and 4005
-//   x  the index, passed by value
 // and a number has none. Of a text a write tries at most its width less 1.
 void check_getter(Operation get, const char* described, Range range = {});
 
@@ -138,21 +140,35 @@ struct Table {
 // Second pass: fills a table of 15 rows, deletes from its middle, and puts it back.
 void check_table(const Table& table);
 
-// Validators accept what the device has, and refuse what no device takes.
-void judge(const char* name, bool is_accepted, bool is_own, const Phrase& value);
 Phrase shown(int value);
 Phrase shown(const char* text);
 
+// Validators accept what the device has, and refuse what no device takes.
 template <typename Result, typename Value>
 void check_validator(const char* name, Result (*accepts)(Value),
                      std::initializer_list<std::common_type_t<Value>> own,
                      std::initializer_list<std::common_type_t<Value>> wrong) {
     for (const Value value : own) {
-        judge(name, static_cast<char>(accepts(value)) != 0, true, {"its own"});
+        expect(static_cast<char>(accepts(value)) != 0, name, "accepts what the device has",
+               "expected not 0 in the low 8 bits, seen 0");
     }
     for (const Value value : wrong) {
-        judge(name, static_cast<char>(accepts(value)) != 0, false, shown(value));
+        expect(static_cast<char>(accepts(value)) == 0, name, "refuses what no device takes",
+               "expected 0 in the low 8 bits for %s, seen not 0", shown(value).chars);
     }
+}
+
+// The nth number from 0 that a validator accepts, or the last if there are fewer.
+template <typename Result>
+int accepted(Result (*accepts)(int), int nth) {
+    int found = 0;
+    for (int value = 0; value <= 0xffff && nth >= 0; ++value) {
+        if (static_cast<char>(accepts(value)) != 0) {
+            found = value;
+            --nth;
+        }
+    }
+    return found;
 }
 
 // What a getter of one output reads.

@@ -55,9 +55,10 @@ void check_refused(const char* name, int (*convert)(Output*, const char*)) {
         alignas(Output) unsigned char output[sizeof(ip_addr_t)] = {};
         const unsigned char before[sizeof output] = {};
         const int result = convert(reinterpret_cast<Output*>(output), text);
-        expect(result != 0 && std::memcmp(output, before, sizeof output) == 0, name,
-               "refuses what is not an address, and leaves its output alone",
-               "expected not 0 for \"%s\" and nothing written, seen %d or an output", text, result);
+        const bool is_alone = std::memcmp(output, before, sizeof output) == 0;
+        expect(result != 0 && is_alone, name, "refuses other texts, and leaves its output alone",
+               "expected not 0 for \"%s\" and nothing written, seen %d and %s", text, result,
+               is_alone ? "nothing" : "an output");
     }
 }
 

@@ -69,9 +69,13 @@ void compare(FILE* before, FILE* after) {
         }
         sscanf(lines[0], "[%63[^]]", section);
         if (strcmp(lines[0], lines[1]) != 0 && !is_clock(lines[0])) {
-            found = {"expected the same lines, seen another \"%.40s\" in [%s]",
-                     strtok(lines[0], "="), section};
+            const std::size_t key_length = strcspn(lines[0], "=\n");
+            found = {"expected the same lines, seen another \"%.*s\" in [%s]",
+                     static_cast<int>(key_length), lines[0], section};
         }
+    }
+    if (!found && fgets(lines[1], sizeof lines[1], after) != nullptr) {
+        found = {"expected the same lines, seen more of them"};
     }
     report("backup", "the document is the same before and after", found);
 }

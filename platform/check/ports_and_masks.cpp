@@ -83,7 +83,11 @@ void check_fibre_ports() {
               {get_eeprom_fiber_speed(1) & 0xffff, get_eeprom_fiber_speed(2) & 0xffff},
               {-2, 1000000});
     check_setting({"get_eeprom_fiber_speed", call<fibre_speed>},
-                  {"set_eeprom_fiber_speed", call<set_speeds>}, "entry/4x speed/4=1-2", {1, 2});
+                  {"set_eeprom_fiber_speed", call<set_speeds>},
+                  Phrase("entry/4# speed/4=%d-%d", accepted(Usrmacsec_check_fiber_speed, 0),
+                         accepted(Usrmacsec_check_fiber_speed, 1))
+                      .chars,
+                  {1, 2});
 }
 
 unsigned short set_enabled(uint8_t port, char enabled) {
@@ -100,7 +104,7 @@ void check_ports_and_masks() {
     expect(ports > 0 && ids >= ports, "port_init", "sets the counts",
            "expected a port or more, and no fewer logical ones, seen %u and %u", ports, ids);
     check_masks();
-    GETTER(U_TrkLId2LogicId, "name/16t id/1x", {0, ids});
+    GETTER(U_TrkLId2LogicId, "name/16t id/1#", {0, ids});
     for (int id = 1; id < g_ucMaxLogicPort; ++id) {
         expect(std::strcmp(Name(id - 1).chars, Name(id).chars) != 0, "U_TrkLId2LogicId",
                "each id has a name of its own",
@@ -108,9 +112,9 @@ void check_ports_and_masks() {
                "before, seen %s",
                id, Name(id).chars);
     }
-    GETTER(U_TrkLId2PMask, "members/8b id/1x", {ports, ids - ports});
+    GETTER(U_TrkLId2PMask, "members/8b id/1#", {ports, ids > ports ? ids - ports : 0});
     check_setting(OPERATION(U_FlshPortGetEbl), {"U_PortSetEbl", call<set_enabled>},
-                  "port/1x flag/1=0-1", {0, ports});
+                  "port/1# flag/1=0-1", {0, ports});
     VALIDATOR(Usrflsh_check_port_enable_status, {0, 1}, {100, -100});
     const int type = get_eeprom_macsec_port_type();
     expect(type >= 0 && type <= 255, "get_eeprom_macsec_port_type", "is a byte",

@@ -59,16 +59,16 @@ void check_empty_name() {
 }
 
 void check_accounts() {
-    const Phrase record("slot/1x account/%zur name@0/32b password@32/32b right@64/4",
+    const Phrase record("slot/1# account/%zur name@0/32b password@32/32b right@64/4",
                         sizeof(account_t));
     for (uint8_t slot = 0; slot < 15; ++slot) {
         account_t account = {};
         if (read_account(slot, &account) == ACCOUNT_ERROR_NONE) {
             check_getter({"account_getFromFlash", call<read_account>}, record.chars, {slot});
             check_getter({"account_decryptUsername", call<read_text<account_decryptUsername>>},
-                         "slot/1x text/32t", {slot});
+                         "slot/1# text/32t", {slot});
             check_getter({"account_decryptPassword", call<read_text<account_decryptPassword>>},
-                         "slot/1x text/32s", {slot});
+                         "slot/1# text/32s", {slot});
         }
     }
     if (writing && stopped == 0) {
@@ -114,9 +114,9 @@ void check_security() {
     SETTING(U_Dot1xGetTimeoutRds, U_Dot1xSetTimeoutRds, "seconds/2=10-300");
     SETTING(U_Dot1xGetMaxReq, U_Dot1xSetMaxReq, "requests/1=2-10");
     SETTING(U_Dot1xGetTimeoutReauth, U_Dot1xSetTimeoutReauth, "seconds/4=30-65535");
-    SETTING(U_Dot1xGetPortMode, U_Dot1xSetPortMode, "port/1x mode/1=0-2", {0, g_ucMaxPhyPort});
+    SETTING(U_Dot1xGetPortMode, U_Dot1xSetPortMode, "port/1# mode/1=0-2", {0, g_ucMaxPhyPort});
     check_setting(OPERATION(U_MacsecGetPortConf), {"U_MacsecSetKey", call<set_macsec>},
-                  "port/1x entry/51r status@0/1=0-1 sci@1/17s sak@18/33s", {6, 2});
+                  "port/1# entry/51r status@0/1=0-1 sci@1/17s sak@18/33s", {6, 2});
     SETTING(U_LoginAuthSrvGetEbl, U_LoginAuthSrvSetEbl, "flag/1=0-1 kind/1=0-1 apply/1i=1");
     check_setting(
         OPERATION(U_GetLoginAuthSrv), {"U_SetLoginAuthSrv", call<set_login_server>},

@@ -50,9 +50,11 @@ void delete_receiver(const Row& row) {
 }
 
 void check_tables() {
-    check_table({"U_SnmpInsCommunity", "U_SnmpDelCommunity", read_communities,
-                 [](const Row& row) { U_SnmpInsCommunity(1, row.name); },
-                 [](const Row& row) { U_SnmpDelCommunity(row.name); }, 1});
+    check_table(
+        {"U_SnmpInsCommunity", "U_SnmpDelCommunity", read_communities,
+         [](const Row& row) { U_SnmpInsCommunity(static_cast<uint8_t>(row.number), row.name); },
+         [](const Row& row) { U_SnmpDelCommunity(row.name); },
+         accepted(Usrsnmp_check_community_permission_type, 0)});
     check_table({"U_SnmpInsTrapIpv6", "U_SnmpDelTrapIpv6", read_receivers,
                  insert_receiver<U_SnmpInsTrapIpv6>, delete_receiver, 162});
     check_table({"U_SnmpInsInformIpv6", "U_SnmpDelTrapIpv6", read_receivers,
@@ -79,15 +81,18 @@ void check_snmp() {
     const Range communities = {0, value_of(U_SnmpGetCommunitySize)};
     const Range receivers = {0, value_of(U_SnmpGetTrapSize)};
     SETTING(U_SnmpGetEbl, U_SnmpSetEbl, "flag/1=0-1");
-    SETTING(U_FlshSnmpGetVer, U_FlshSnmpSetVer, "version/1=1-2");
+    const int versions[] = {accepted(Usrflsh_check_snmp_version, 0),
+                            accepted(Usrflsh_check_snmp_version, 1)};
+    SETTING(U_FlshSnmpGetVer, U_FlshSnmpSetVer,
+            Phrase("version/1=%d-%d", versions[0], versions[1]).chars);
     SETTING(U_FlshSnmpGetMode, U_FlshSnmpSetMode, "mode/1=0-1");
     GETTER(U_SnmpGetCommunitySize, "count/2");
     GETTER(U_SnmpGetTrapSize, "count/2");
     GETTER(U_SnmpGetUsmSize, "count/2");
-    GETTER(U_SnmpGetCommunityEntry, "row/2x permission/1 community/16s", communities);
-    GETTER(U_SnmpGetTrapIpv6Entry, "row/2x address/20p port/2 community/16s", receivers);
-    GETTER(U_FlshSnmpGetTrapIpv6Entry, "row/2x address/20p port/2 community/16s", receivers);
-    GETTER(U_FlshSnmpGetUsmEntry, "row/2x name/16t protocol/1 password/32s privacy/1 key/32s",
+    GETTER(U_SnmpGetCommunityEntry, "row/2# permission/1 community/16s", communities);
+    GETTER(U_SnmpGetTrapIpv6Entry, "row/2# address/20p port/2 community/16s", receivers);
+    GETTER(U_FlshSnmpGetTrapIpv6Entry, "row/2# address/20p port/2 community/16s", receivers);
+    GETTER(U_FlshSnmpGetUsmEntry, "row/2# name/16t protocol/1 password/32s privacy/1 key/32s",
            {0, value_of(U_SnmpGetUsmSize)});
     VALIDATOR(Usrsnmp_check_snmp_enable, {value_of(U_SnmpGetEbl)}, {-2, 100});
     VALIDATOR(Usrflsh_check_snmp_version, {value_of(U_FlshSnmpGetVer)}, {-2, 256});

@@ -49,14 +49,14 @@ void check_rstp() {
     check_setting(OPERATION(U_FlshStpGetBpduGuardCfg),
                   {"U_StpSetBpduGuardCfg", call<set_bpdu_guard>},
                   "guard/8r flag@0/1=0-1 interval@4/4=30-300");
-    SETTING(U_FlshStpGetPortEdge, U_FlshStpSetPortEdge, "port/1x flag/1=0-1", ports);
-    SETTING(U_FlshStpGetPortNonstp, U_StpSetPortNonstp, "port/1x flag/1=0-1", ports);
+    SETTING(U_FlshStpGetPortEdge, U_FlshStpSetPortEdge, "port/1# flag/1=0-1", ports);
+    SETTING(U_FlshStpGetPortNonstp, U_StpSetPortNonstp, "port/1# flag/1=0-1", ports);
     check_setting({"U_FlshStpGetBpduGuardPortState", call<bpdu_guard>},
                   {"U_StpSetPortBpduGuardEbl", call<set_port_bpdu_guard>},
-                  "port/1x state/3r flag@1/1=0-1", ports);
+                  "port/1# state/3r flag@1/1=0-1", ports);
     check_setting({"stp_rstp_getFromFlash", call<protection>},
                   {"stp_rstp_setToFlash", call<set_protection>},
-                  "flags/102r bpdu-filter@0/1=0-1 root-guard@1/1=0-1 port/1x", ports);
+                  "flags/102r bpdu-filter@0/1=0-1 root-guard@1/1=0-1 port/1#", ports);
 }
 
 unsigned short switch_ports(TstFlshPortSecMac* security) {
@@ -70,7 +70,7 @@ unsigned short switch_ports(TstFlshPortSecMac* security) {
 
 void check_port_security() {
     const int ports = g_ucMaxPhyPort < 32 ? g_ucMaxPhyPort : 32;
-    const Phrase parts("security/194r action@1/1*%d+6=0-1 maximum@4/2*%d+6=1-128 flag@192/1=0-1",
+    const Phrase parts("security/194r action@1/1*%d+6=0-1 limit@4/2*%d+6=1-128 flag@192/1=0-1",
                        ports, ports);
     SETTING(U_FlshPortSecMacGet, U_FlshPortSecMacSet, parts.chars);
     check_setting(OPERATION(U_FlshPortSecMacGet), {"U_PortSecSwitchMac", call<switch_ports>},
@@ -88,7 +88,7 @@ void check_rules() {
         if (U_FlshGetAcl(slot, &rule) == 0 && rule.usIndex != 0) {
             check_setting(
                 OPERATION(U_FlshGetAcl), {"U_AclInsRule", call<insert_rule>},
-                "slot/4x rule/72r name@2/32t conditions@36/4=1-65 mac@40/6b=2-254 "
+                "slot/4# rule/72r name@2/32t conditions@36/4=1-65 mac@40/6b=2-254 "
                 "mac-mask@46/6b=255-254 ip@52/4a ip-mask@56/4a=1 ports@60/4=1-3 policy@68/4=1-2",
                 {slot});
         }
@@ -146,14 +146,17 @@ void check_vlan_header() {
     while (other < 4094 && (other == management || !has_vlan(other))) {
         ++other;
     }
-    GETTER(U_VlanGetSttcEntry, "id/2x members/8b tagged/8b protocol/2", {management, 1});
+    GETTER(U_VlanGetSttcEntry, "id/2# members/8b tagged/8b protocol/2", {management, 1});
     check_verdict("accepts the device's own", 0, -1, "");
     check_verdict("finds a role that is neither", VLAN_DATA_ROLE, 2, "");
     check_verdict("finds an access port in two VLANs", VLAN_DATA_ACCESS_LIST, 0, ",4093,4094");
     check_verdict("finds what is not a number", VLAN_DATA_ID_VALUE, 1, ",x");
     check_verdict("finds a number out of range", VLAN_DATA_ID_RANGE, 1, ",4095");
-    check_setting({"get_vlan_data", call<vlans>}, {"set_vlan_data", call<set_vlans>},
-                  "data/8256r role@28/4=1-1 list@7232/1024v first/1=1-1 second/1=1-0 third/1=1-1");
+    const int port = (g_ucMaxPhyPort < 8 ? g_ucMaxPhyPort : 8) - 1;
+    const Phrase parts(
+        "data/8256r role@%d/4=1-1 list@%d/1024v first/1=1-1 second/1=1-0 third/1=1-1", 4 * port,
+        64 + 1024 * port);
+    check_setting({"get_vlan_data", call<vlans>}, {"set_vlan_data", call<set_vlans>}, parts.chars);
     SETTING(U_VlanGetMgnVlanId, U_FlshVlanSetMgnVlanId,
             Phrase("id/2=%u-%u", management, has_vlan(other) ? other : management).chars);
     SETTING(U_FlshVlanGetPortBasedEntry, U_FlshVlanSetPortBasedEntry,
