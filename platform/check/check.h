@@ -171,12 +171,19 @@ int accepted(Result (*accepts)(int), int nth) {
     return found;
 }
 
+// An output with room behind it, for a getter that writes too much.
+template <typename Value>
+struct Roomy {
+    Value value = {};
+    unsigned char room[64] = {};
+};
+
 // What a getter of one output reads.
 template <typename Result, typename Value>
 Value value_of(Result (*get)(Value*)) {
-    Value value = {};
-    get(&value);
-    return value;
+    Roomy<Value> output;
+    get(&output.value);
+    return output.value;
 }
 
 // The groups of headers, one file each.

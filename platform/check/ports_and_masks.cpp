@@ -82,12 +82,10 @@ void check_fibre_ports() {
     VALIDATOR(Usrmacsec_check_fiber_speed,
               {get_eeprom_fiber_speed(1) & 0xffff, get_eeprom_fiber_speed(2) & 0xffff},
               {-2, 1000000});
+    const Phrase parts("entry/4# speed/4=%d-%d", accepted(Usrmacsec_check_fiber_speed, 0),
+                       accepted(Usrmacsec_check_fiber_speed, 1));
     check_setting({"get_eeprom_fiber_speed", call<fibre_speed>},
-                  {"set_eeprom_fiber_speed", call<set_speeds>},
-                  Phrase("entry/4# speed/4=%d-%d", accepted(Usrmacsec_check_fiber_speed, 0),
-                         accepted(Usrmacsec_check_fiber_speed, 1))
-                      .chars,
-                  {1, 2});
+                  {"set_eeprom_fiber_speed", call<set_speeds>}, parts.chars, {1, 2});
 }
 
 unsigned short set_enabled(uint8_t port, char enabled) {
@@ -107,9 +105,7 @@ void check_ports_and_masks() {
     GETTER(U_TrkLId2LogicId, "name/16t id/1#", {0, ids});
     for (int id = 1; id < g_ucMaxLogicPort; ++id) {
         expect(std::strcmp(Name(id - 1).chars, Name(id).chars) != 0, "U_TrkLId2LogicId",
-               "each id has a name of its own",
-               "expected another name of %d than of the one "
-               "before, seen %s",
+               "each id has a name of its own", "expected %d to differ from the id before, seen %s",
                id, Name(id).chars);
     }
     GETTER(U_TrkLId2PMask, "members/8b id/1#", {ports, ids > ports ? ids - ports : 0});

@@ -20,20 +20,20 @@ int read_account(uint8_t slot, account_t* account) {
 
 template <auto decrypt>
 void read_text(uint8_t slot, char* text) {
-    account_t account = {};
-    read_account(slot, &account);
-    decrypt(&account, text, 32, &error);
+    Roomy<account_t> account;
+    read_account(slot, &account.value);
+    decrypt(&account.value, text, 32, &error);
 }
 
 Rows read_accounts() {
     Rows rows;
     for (uint8_t slot = 0; slot < 15; ++slot) {
-        account_t account = {};
-        if (read_account(slot, &account) == ACCOUNT_ERROR_NONE) {
+        Roomy<account_t> account;
+        if (read_account(slot, &account.value) == ACCOUNT_ERROR_NONE) {
             Row& row = rows.list[rows.count++];
             read_text<account_decryptUsername>(slot, row.name);
             read_text<account_decryptPassword>(slot, row.detail);
-            row.number = account.access_right;
+            row.number = account.value.access_right;
         }
     }
     return rows;
@@ -62,8 +62,8 @@ void check_accounts() {
     const Phrase record("slot/1# account/%zur name@0/32b password@32/32b right@64/4",
                         sizeof(account_t));
     for (uint8_t slot = 0; slot < 15; ++slot) {
-        account_t account = {};
-        if (read_account(slot, &account) == ACCOUNT_ERROR_NONE) {
+        Roomy<account_t> account;
+        if (read_account(slot, &account.value) == ACCOUNT_ERROR_NONE) {
             check_getter({"account_getFromFlash", call<read_account>}, record.chars, {slot});
             check_getter({"account_decryptUsername", call<read_text<account_decryptUsername>>},
                          "slot/1# text/32t", {slot});

@@ -84,8 +84,8 @@ unsigned short insert_rule(uint32_t, TstFlshAcl* rule) {
 // A rule cannot be deleted, so none is added.
 void check_rules() {
     for (uint32_t slot = 0; slot < 33; ++slot) {
-        TstFlshAcl rule = {};
-        if (U_FlshGetAcl(slot, &rule) == 0 && rule.usIndex != 0) {
+        Roomy<TstFlshAcl> rule;
+        if (U_FlshGetAcl(slot, &rule.value) == 0 && rule.value.usIndex != 0) {
             check_setting(
                 OPERATION(U_FlshGetAcl), {"U_AclInsRule", call<insert_rule>},
                 "slot/4# rule/72r name@2/32t conditions@36/4=1-65 mac@40/6b=2-254 "
