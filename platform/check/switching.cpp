@@ -152,7 +152,7 @@ void check_vlan_header() {
     check_verdict("finds an access port in two VLANs", VLAN_DATA_ACCESS_LIST, 0, ",4093,4094");
     check_verdict("finds what is not a number", VLAN_DATA_ID_VALUE, 1, ",x");
     check_verdict("finds a number out of range", VLAN_DATA_ID_RANGE, 1, ",4095");
-    const int port = (g_ucMaxPhyPort < 8 ? g_ucMaxPhyPort : 8) - 1;
+    const int port = g_ucMaxPhyPort < 1 ? 0 : g_ucMaxPhyPort < 8 ? g_ucMaxPhyPort - 1 : 7;
     const Phrase parts(
         "data/8256r role@%d/4=1-1 list@%d/1024v first/1=1-1 second/1=1-0 third/1=1-1", 4 * port,
         64 + 1024 * port);
