@@ -44,6 +44,7 @@ dictionary* parse(const char* path, std::size_t size) {
     }
     FILE* stream = fmemopen(document_text, size, "r");
     if (stream == nullptr) {
+        perror(path);
         return nullptr;
     }
     dictionary* ini = iniparser_load_file(stream, path);
@@ -113,9 +114,9 @@ bool is_exactly_one(const dictionary* ini, const char* entry) {
     return strcmp(read_string(ini, entry, ""), "1") == 0;
 }
 
-// Reads as atoi does, and the same on every machine where atoi is undefined: 2^31 to
-// 2^32 - 1 give their 32 bits, anything larger 32 one bits, anything below -2^31 gives
-// -2^31.
+// Reads as atoi does. Where atoi is undefined, every machine gives the same: 2^31 to
+// 2^32 - 1 give their 32 bits, anything larger 32 one bits, anything below -2^31 that
+// number.
 int decimal_value(const char* text) {
     const long long number = strtoll(text, nullptr, 10);
     if (number < INT32_MIN) {

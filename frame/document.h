@@ -25,7 +25,8 @@ constexpr std::size_t max_document_size = 256 * 1024;
 
 // Parses the document. Null if the path is not a regular file of at most
 // max_document_size bytes that can be read to its end, if a line has more than
-// 1022 characters, or on any syntax error; a message on standard error says which.
+// 1022 characters, on any syntax error, and with iniparser 4.2 or later if the text
+// cannot be disguised. A message on standard error says which.
 // The caller frees the result with iniparser_freedict.
 dictionary* load_document(const char* path);
 
@@ -44,7 +45,7 @@ public:
     operator const char*() const { return text_; }
 
 private:
-    char text_[80]; // the longest name in a document has 50 characters
+    char text_[80]; // the longest name in a document has 49 characters
 };
 
 // For 32-bit values that are written with "%ld": signed on every machine, the one

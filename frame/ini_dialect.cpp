@@ -58,7 +58,7 @@ void disguise_section(const Line& line, std::size_t begin) {
     }
 }
 
-// The two quotes that a value begins with are followed by more than a comment.
+// Whether more than blanks and a comment follows the two quotes that a value begins with.
 bool is_more_than_empty(const char* after_quotes) {
     const std::size_t blanks = strspn(after_quotes, " \t\v\f\r");
     return after_quotes[blanks] != '\0' && strchr(";#", after_quotes[blanks]) == nullptr;
@@ -132,7 +132,7 @@ bool disguise(char* text, std::size_t size, Disguise& disguise) {
         }
         begin = next;
         if (line.length <= 1) {
-            continue; // passed over by the library, also between joined lines
+            continue; // the library skips it, even between joined lines
         }
         strip_trailing_blanks(line);
         line.joined = is_joined_with_next(line) ? line.length - 1 : 0;

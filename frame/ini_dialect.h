@@ -6,10 +6,13 @@
 //  - A value that begins with two quotes, ""x, is empty. Before, it was not a
 //    quoted value, and was read as it is.
 //  - A section name ends at the last "]" of its line. Before, at the first.
+// An empty section line, [], differs as well and is left as it is: the keys after it
+// are never looked up.
+//
 // The text is disguised before such a library parses it, and the values are put
 // right afterwards. Only bytes are replaced, one for one, so the library's limits,
-// line numbers and messages stay as they are. Older libraries read a disguised
-// text the same as the plain one.
+// line numbers and messages stay as they are. With an older library a document reads
+// the same, disguised and revealed or plain.
 #pragma once
 
 #include <iniparser/iniparser.h>

@@ -18,8 +18,8 @@
 
 namespace {
 
-// A standard stream that is closed would be the next file to be opened: the
-// report would then hold the messages meant for standard error.
+// The next file to be opened takes the number of a closed standard stream. The report
+// could become standard error, and hold messages before its code.
 void open_standard_streams() {
     int file = 0;
     do {

@@ -21,7 +21,7 @@ void create_config_ini_file();
 int check_config_ini_file(const char* ini_name);
 
 // Restore: 0 if the document can be loaded, whatever the device makes of it.
-// Otherwise -1, and nothing is applied. Prints the loaded document, with what it
-// holds in plain text, on standard error. Does not touch the report. What
-// gKeepConfig names is not applied.
+// Otherwise -1, and nothing is applied. Prints the loaded document on standard error,
+// secrets in plain text included. Does not touch the report. Does not apply what
+// gKeepConfig names.
 int parse_config_ini_file(const char* ini_name);

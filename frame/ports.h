@@ -14,9 +14,11 @@ constexpr int key_number(int port) {
 // A list of ports in the document, "1,2,4", can name the ports 1 to 8.
 constexpr int listed_ports = 8;
 
-// Adds the ports of a list to a set, and logical port 8, which no list can name
-// but every set gets. Leaves out the given port. Ignores all other numbers.
 constexpr int none_left_out = -1;
+
+// Adds the ports of a list to a set, and logical port 8, which no list can name but
+// every set gets. Does not add the port with index left_out (from 0, or none_left_out).
+// Ignores numbers other than 1 to 8.
 void add_listed_ports(TstLPortMask& ports, const char* list, int left_out);
 
 // Writes the ports of the set that are below count (at most 64), in ascending order.

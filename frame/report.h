@@ -11,7 +11,8 @@
 #include <initializer_list>
 #include <optional>
 
-// Writes a code, of usr_ret_e or of a validator, and returns the value to return.
+// Writes a fault's code (of usr_ret_e, or the validator's own). Returns -1, for the
+// check to return.
 int report_fault(FILE* error_file, int code);
 
 // The codes of one key.
@@ -26,7 +27,8 @@ bool is_accepted(Result verdict) {
     return static_cast<std::uint8_t>(verdict) != 0;
 }
 
-// An absent number is not found; one that the device's validator refuses is invalid.
+// Reports codes.not_found for an absent number, codes.invalid for one that the
+// validator refuses.
 template <typename Validator>
 int check_value(FILE* error_file, std::optional<int> value, FaultCodes codes, Validator accepts) {
     if (!value) {

@@ -29,7 +29,7 @@ namespace {
 struct Section {
     void (*backup)(FILE* ini_file);
     int (*check)(const dictionary* ini, FILE* error_file); // null: never refused
-    void (*restore)(const dictionary* ini);                // null: never applied
+    void (*restore)(const dictionary* ini);                // null: nothing to apply by itself
     std::uint32_t keep = 0;                                // the bit that keeps the device's own
 };
 

@@ -219,6 +219,8 @@ TEST_F(Services, RestoreSntp) {
     EXPECT_EQ(client_of(named + "NTP Public Server1 = a\n"), R"(1, 44, "a", "c", 0, 0))");
     EXPECT_EQ(client_of(named + "NTP Public Server1 = a\nNTP Public Server2 = \"\"\n"),
               R"(1, 44, "a", "", 0, 0))");
+    simulator::make_fail("U_SysGetMSNTP");
+    EXPECT_EQ(client_of(named), "") << "the first server would be lost";
 }
 
 TEST_F(Services, RestoreDaylight) {

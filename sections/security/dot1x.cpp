@@ -18,8 +18,8 @@ namespace {
 constexpr std::uint16_t default_server_port = 1812;
 constexpr std::uint16_t default_accounting_port = 1813;
 constexpr std::size_t max_nas_identifier = 29;
-constexpr std::uint8_t field_size =
-    30; // of NAS identifier and plain shared key, terminator included
+// Of the NAS identifier and the plain shared key, terminator included.
+constexpr std::uint8_t field_size = 30;
 
 // Of the texts that are read from the document, terminator included.
 constexpr std::size_t checked_size = 70;

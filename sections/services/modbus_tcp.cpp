@@ -1,5 +1,4 @@
-// Restore sets only what differs, because each change disturbs a running service.
-// It stops the service while the port changes.
+// Restore sets only what differs, and stops the service while the port changes.
 
 #include "sections/services/modbus_tcp.h"
 

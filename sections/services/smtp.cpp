@@ -63,7 +63,7 @@ void backup_ini_smtp_settings(FILE* ini_file) {
     write_recipients(ini_file);
 }
 
-// Reads all before it sets the first; applies them after the last is stored.
+// Reads everything before it stores anything. U_SysSetRelayConfig comes last.
 void restore_ini_smtp(const dictionary* ini) {
     auto server = read_text<text_size>(ini, "smtp setting:SMTP server");
     auto sender = read_text<text_size>(ini, "smtp setting:sender address");

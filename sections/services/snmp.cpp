@@ -27,19 +27,19 @@ using Community = Secret<name_size>;
 using UserName = Text<name_size>;
 
 // A text of the device may fill its field: one byte more terminates it.
-using StoredCommunity = Secret<name_size + 1>;
-using StoredUserName = Text<name_size + 1>;
-using StoredSecret = Secret<secret_field + 1>;
+using DeviceText = Secret<name_size + 1>;
+using DeviceName = Text<name_size + 1>;
+using DeviceSecret = Secret<secret_field + 1>;
 
-struct StoredCommunityEntry {
-    StoredCommunity community;
+struct DeviceCommunity {
+    DeviceText community;
     std::uint8_t permission = 0;
 };
 
-struct StoredReceiver {
+struct DeviceReceiver {
     IP_ADDR_T address = {};
     std::uint16_t port = 0;
-    StoredCommunity community;
+    DeviceText community;
 };
 
 std::uint16_t community_count() {
@@ -48,7 +48,7 @@ std::uint16_t community_count() {
     return count;
 }
 
-void get_stored(std::uint16_t index, StoredCommunityEntry& entry) {
+void get_entry(std::uint16_t index, DeviceCommunity& entry) {
     U_SnmpGetCommunityEntry(index, &entry.permission, entry.community.chars);
 }
 
@@ -58,7 +58,7 @@ std::uint16_t receiver_count() {
     return count;
 }
 
-void get_stored(std::uint16_t index, StoredReceiver& receiver) {
+void get_entry(std::uint16_t index, DeviceReceiver& receiver) {
     U_SnmpGetTrapIpv6Entry(index, &receiver.address, &receiver.port, receiver.community.chars);
 }
 
@@ -83,8 +83,8 @@ void ini_write_snmp_version(FILE* ini_file) {
 void ini_write_snmp_community_string(FILE* ini_file) {
     const std::uint16_t count = community_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        StoredCommunityEntry entry;
-        get_stored(i, entry);
+        DeviceCommunity entry;
+        get_entry(i, entry);
         fprintf(ini_file, "snmp community string%d = \"%s\" ;\n", i + 1, entry.community.chars);
     }
 }
@@ -92,8 +92,8 @@ void ini_write_snmp_community_string(FILE* ini_file) {
 void ini_write_snmp_community_permission_type(FILE* ini_file) {
     const std::uint16_t count = community_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        StoredCommunityEntry entry;
-        get_stored(i, entry);
+        DeviceCommunity entry;
+        get_entry(i, entry);
         fprintf(ini_file, "snmp community permission type%d = %d ;\n", i + 1, entry.permission);
     }
 }
@@ -105,8 +105,8 @@ void ini_write_snmp_trap_mode(FILE* ini_file) {
 void ini_write_snmp_trap_server_ip(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        StoredReceiver receiver;
-        get_stored(i, receiver);
+        DeviceReceiver receiver;
+        get_entry(i, receiver);
         Text<INET6_ADDRSTRLEN> address;
         ipaddr_to_str(address.chars, &receiver.address);
         fprintf(ini_file, "snmp trap server ip%d = \"%s\" ;\n", i + 1, address.chars);
@@ -116,8 +116,8 @@ void ini_write_snmp_trap_server_ip(FILE* ini_file) {
 void ini_write_snmp_trap_server_port(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        StoredReceiver receiver;
-        get_stored(i, receiver);
+        DeviceReceiver receiver;
+        get_entry(i, receiver);
         fprintf(ini_file, "snmp trap server port%d = %d ;\n", i + 1, receiver.port);
     }
 }
@@ -125,8 +125,8 @@ void ini_write_snmp_trap_server_port(FILE* ini_file) {
 void ini_write_snmp_trap_server_community_string(FILE* ini_file) {
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        StoredReceiver receiver;
-        get_stored(i, receiver);
+        DeviceReceiver receiver;
+        get_entry(i, receiver);
         fprintf(ini_file, "snmp trap server community string%d = \"%s\" ;\n", i + 1,
                 receiver.community.chars);
     }
@@ -134,11 +134,11 @@ void ini_write_snmp_trap_server_community_string(FILE* ini_file) {
 
 // The two protocols are not part of the document.
 void write_user(FILE* ini_file, std::uint16_t index) {
-    StoredUserName name;
+    DeviceName name;
     std::uint8_t authentication = 0;
-    StoredSecret password;
+    DeviceSecret password;
     std::uint8_t privacy = 0;
-    StoredSecret privacy_key;
+    DeviceSecret privacy_key;
     U_FlshSnmpGetUsmEntry(index, name.chars, &authentication, password.chars, &privacy,
                           privacy_key.chars);
 
@@ -179,11 +179,11 @@ void backup_ini_snmp_settings(FILE* ini_file) {
 
 namespace {
 
-const char* read_numbered_string(const dictionary* ini, const char* name, int number) {
+const char* read_table_string(const dictionary* ini, const char* name, int number) {
     return read_string(ini, EntryName("snmp settings:%s%d", name, number), absent);
 }
 
-std::optional<int> read_numbered_number(const dictionary* ini, const char* name, int number) {
+std::optional<int> read_table_number(const dictionary* ini, const char* name, int number) {
     return read_number(ini, EntryName("snmp settings:%s%d", name, number));
 }
 
@@ -192,7 +192,7 @@ template <typename Validator>
 int check_strings(const dictionary* ini, FILE* error_file, const char* name, int count,
                   Validator accepts, int invalid) {
     for (int number = 1; number <= count; ++number) {
-        const char* text = read_numbered_string(ini, name, number);
+        const char* text = read_table_string(ini, name, number);
         if (!is_absent(text) && !is_accepted(accepts(text))) {
             return report_fault(error_file, invalid);
         }
@@ -204,7 +204,7 @@ template <typename Validator>
 int check_numbers(const dictionary* ini, FILE* error_file, const char* name, int count,
                   Validator accepts, int invalid) {
     for (int number = 1; number <= count; ++number) {
-        const std::optional<int> value = read_numbered_number(ini, name, number);
+        const std::optional<int> value = read_table_number(ini, name, number);
         if (value && !is_accepted(accepts(*value))) {
             return report_fault(error_file, invalid);
         }
@@ -302,12 +302,12 @@ void restore_snmp_version(const dictionary* ini) {
     U_FlshSnmpSetVer(read_int(ini, "snmp settings:snmp version", 1));
 }
 
-// Deletions move the entries, so all are read before the first is deleted.
+// Deletions may move the entries, so all are read before the first is deleted.
 void remove_all_snmp_community_stringAndPermissionType() {
-    StoredCommunityEntry entries[max_communities];
+    DeviceCommunity entries[max_communities];
     const int count = std::min<int>(community_count(), max_communities);
     for (int i = 0; i < count; ++i) {
-        get_stored(static_cast<std::uint16_t>(i), entries[i]);
+        get_entry(static_cast<std::uint16_t>(i), entries[i]);
     }
     for (int i = 0; i < count; ++i) {
         U_SnmpDelCommunity(entries[i].community.chars);
@@ -318,9 +318,9 @@ void remove_all_snmp_community_stringAndPermissionType() {
 void restore_snmp_community_stringAndPermissionType(const dictionary* ini) {
     for (int number = 1; number <= max_communities; ++number) {
         Community community;
-        copy_text(community.chars, read_numbered_string(ini, "snmp community string", number));
+        copy_text(community.chars, read_table_string(ini, "snmp community string", number));
         const std::optional<int> permission =
-            read_numbered_number(ini, "snmp community permission type", number);
+            read_table_number(ini, "snmp community permission type", number);
         if (!is_absent(community.chars) && permission) {
             U_SnmpInsCommunity(static_cast<std::uint8_t>(*permission), community.chars);
         }
@@ -347,7 +347,7 @@ void restore_snmp_trap_mode(const dictionary* ini) {
     U_FlshSnmpSetMode(mode);
     const std::uint16_t count = receiver_count();
     for (std::uint16_t i = 0; i < count; ++i) {
-        StoredReceiver receiver;
+        DeviceReceiver receiver;
         U_FlshSnmpGetTrapIpv6Entry(i, &receiver.address, &receiver.port, receiver.community.chars);
         U_SnmpDelTrapIpv6(&receiver.address, receiver.port);
         insert_receiver(mode, receiver.address, receiver.port, receiver.community.chars);
@@ -356,10 +356,10 @@ void restore_snmp_trap_mode(const dictionary* ini) {
 
 // Removes all receivers, including those the mode change has just re-inserted.
 void remove_all_snmp_trap_serverIp_and_port_and_communityString() {
-    StoredReceiver receivers[max_receivers];
+    DeviceReceiver receivers[max_receivers];
     const int count = std::min<int>(receiver_count(), max_receivers);
     for (int i = 0; i < count; ++i) {
-        get_stored(static_cast<std::uint16_t>(i), receivers[i]);
+        get_entry(static_cast<std::uint16_t>(i), receivers[i]);
     }
     for (int i = 0; i < count; ++i) {
         U_SnmpDelTrapIpv6(&receivers[i].address, receivers[i].port);
@@ -370,11 +370,11 @@ void remove_all_snmp_trap_serverIp_and_port_and_communityString() {
 // the zeroed record.
 void restore_snmp_trap_serverIp_and_port_and_communityString(const dictionary* ini) {
     for (int number = 1; number <= max_receivers; ++number) {
-        const char* address_text = read_numbered_string(ini, "snmp trap server ip", number);
-        const std::optional<int> port = read_numbered_number(ini, "snmp trap server port", number);
+        const char* address_text = read_table_string(ini, "snmp trap server ip", number);
+        const std::optional<int> port = read_table_number(ini, "snmp trap server port", number);
         Community community;
         copy_text(community.chars,
-                  read_numbered_string(ini, "snmp trap server community string", number));
+                  read_table_string(ini, "snmp trap server community string", number));
         if (!is_absent(address_text) && port && !is_absent(community.chars)) {
             IP_ADDR_T address = {};
             str_to_ipaddr(&address, address_text);
@@ -395,10 +395,10 @@ void insert_user(const char* name, const char* password, const char* privacy_key
 // Adds to the device's users; deletes none.
 void restore_snmp_v3(const dictionary* ini) {
     for (int number = 1; number <= max_users; ++number) {
-        const UserName name(read_numbered_string(ini, "snmp v3 user name", number));
+        const UserName name(read_table_string(ini, "snmp v3 user name", number));
         const char* password_text =
-            read_numbered_string(ini, "snmp v3 authentication password", number);
-        const char* key_text = read_numbered_string(ini, "snmp v3 encryption key", number);
+            read_table_string(ini, "snmp v3 authentication password", number);
+        const char* key_text = read_table_string(ini, "snmp v3 encryption key", number);
         if (!is_absent(name.chars) && !is_absent(password_text) && !is_absent(key_text)) {
             Secret<secret_size> password;
             Secret<secret_size> privacy_key;

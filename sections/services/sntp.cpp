@@ -1,9 +1,9 @@
 // A switch that keeps its own clock writes the date and time, for the reader
 // only; one that takes its time from servers writes the servers, the zone and
 // the query period. The servers are either two public ones or one given by hand
-// ("NTP Server" 1), and the device has no operation to set which.
-// Restore takes client mode and daylight saving as on only for the text "1",
-// check for any number but 0.
+// ("NTP Server" 1). The device has no operation to choose between them.
+// Restore takes client mode and daylight saving as on only for the text "1". Check
+// takes client mode as on for any number but 0; of daylight saving it only wants the key.
 
 #include "sections/services/sntp.h"
 
@@ -33,11 +33,10 @@ struct Client {
     unsigned long query_period = 0;
 };
 
-Client stored_client() {
-    Client client;
-    U_SysGetMSNTP(&client.enabled, &client.time_zone, client.server1.chars, client.server2.chars,
-                  &client.query_period);
-    return client;
+// False if the device's settings cannot be read.
+bool get_client(Client& client) {
+    return U_SysGetMSNTP(&client.enabled, &client.time_zone, client.server1.chars,
+                         client.server2.chars, &client.query_period) == USR_RET_OK;
 }
 
 struct Daylight {
@@ -119,7 +118,8 @@ void write_daylight_rule(FILE* ini_file, const Daylight& rule) {
 void backup_ini_sntp_settings(FILE* ini_file) {
     write_section_line(ini_file, "sntp setting");
     const tm now = local_time();
-    const Client client = stored_client();
+    Client client;
+    get_client(client);
     const Daylight rule = stored_daylight();
     const ManualServer server = stored_manual_server();
 
@@ -137,7 +137,7 @@ void backup_ini_sntp_settings(FILE* ini_file) {
 
 namespace {
 
-// Whether the key that the kind of server needs is there.
+// "NTP Server" must be there, and the key that its kind of server needs.
 int check_ntp_server(const dictionary* ini, FILE* error_file) {
     const std::optional<int> by_hand = read_number(ini, "sntp setting:NTP Server");
     if (!by_hand) {
@@ -206,22 +206,23 @@ struct Servers {
     ServerName server2;
 };
 
-// The public servers are applied wherever the document has them. A backup of a
-// server given by hand has neither: its name is the second server, and what is
-// missing after that stays as the device has it.
-Servers read_servers(const dictionary* ini) {
+// Takes the public servers that the document has. With a server given by hand, its name
+// replaces a missing server 2, and what is still missing then stays as the device has
+// it: false if that cannot be read. Otherwise a missing server becomes empty.
+bool read_servers(const dictionary* ini, Servers& servers) {
     const char* server1 = read_string(ini, "sntp setting:NTP Public Server1", nullptr);
     const char* server2 = read_string(ini, "sntp setting:NTP Public Server2", nullptr);
     const bool by_hand = read_int(ini, "sntp setting:NTP Server", 0) != 0;
-    Client stored;
-    if (by_hand && (server1 == nullptr || server2 == nullptr)) {
-        stored = stored_client();
-        server2 = server2 != nullptr ? server2
-                                     : read_string(ini, "sntp setting:NTP Manual Server name",
-                                                   stored.server2.chars);
+    if (by_hand && server2 == nullptr) {
+        server2 = read_string(ini, "sntp setting:NTP Manual Server name", nullptr);
     }
-    return {ServerName(server1 != nullptr ? server1 : stored.server1.chars),
-            ServerName(server2 != nullptr ? server2 : "")};
+    Client device;
+    if (by_hand && (server1 == nullptr || server2 == nullptr) && !get_client(device)) {
+        return false;
+    }
+    copy_text(servers.server1.chars, server1 != nullptr ? server1 : device.server1.chars);
+    copy_text(servers.server2.chars, server2 != nullptr ? server2 : device.server2.chars);
+    return true;
 }
 
 // With client mode off, every setting gets its default.
@@ -233,8 +234,10 @@ void restore_client(const dictionary* ini) {
     const std::uint8_t time_zone = read_byte(ini, "sntp setting:Time Zone");
     const auto query_period = static_cast<std::uint32_t>(
         read_decimal<number_size>(ini, "sntp setting:Time Server Query Period (Sec)"));
-    const Servers servers = read_servers(ini);
-    U_SysSetMSNTP(1, time_zone, servers.server1.chars, servers.server2.chars, query_period, 0);
+    Servers servers;
+    if (read_servers(ini, servers)) {
+        U_SysSetMSNTP(1, time_zone, servers.server1.chars, servers.server2.chars, query_period, 0);
+    }
 }
 
 Daylight read_daylight(const dictionary* ini) {

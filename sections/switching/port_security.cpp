@@ -46,8 +46,7 @@ void restore_port(const dictionary* ini, int port, char global) {
 
 } // namespace
 
-// Stores the record with only the global flag first; each port then adds its own
-// settings.
+// First stores a record with only the global flag set, then applies each port.
 void restore_ini_port_security(const dictionary* ini) {
     TstFlshPortSecMac security = {};
     security.gblebl = is_exactly_one(ini, "port security setting:global_state") ? 1 : 0;

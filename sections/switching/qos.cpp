@@ -1,5 +1,6 @@
-// The three sections are applied together; with an unknown mode, none of them is. A
-// mapping is only applied if the document has all of its keys.
+// The three sections are applied together. With an unknown mode none of them is; the
+// library's QoS is initialised instead. A mapping is applied only if the document has
+// all of its keys.
 
 #include "sections/switching/qos.h"
 

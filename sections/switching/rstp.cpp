@@ -1,6 +1,7 @@
-// Check judges only the three keys of the bridge. Restore leaves what is missing as it
-// is, except that a port without keys takes part in RSTP and gets root guard and BPDU
-// filter. The document has no bridge timers: every restore sets the same ones.
+// Check judges only enable state, mode and priority. Restore leaves what is missing as
+// it is, except three flags of a port: RSTP, root guard and BPDU filter are on unless
+// the document turns them off. The document has no bridge timers: every restore sets
+// the same ones.
 
 #include "sections/switching/rstp.h"
 
@@ -153,7 +154,7 @@ std::optional<int> read_flag(const dictionary* ini, const EntryName& entry) {
     return flag != -1 ? std::optional<int>(flag) : std::nullopt;
 }
 
-// A missing flag is on.
+// A flag that is missing or not a boolean is on.
 char read_flag_or_on(const dictionary* ini, const EntryName& entry) {
     return static_cast<char>(read_flag(ini, entry).value_or(1));
 }

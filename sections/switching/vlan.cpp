@@ -240,11 +240,12 @@ bool read_stored_vlans(vlan_data_t& data) {
     constexpr std::int32_t unread = -1;
     data.portrole[0] = unread;
     get_vlan_data(&data);
-    memset(data.min_vlan, 0, sizeof data.min_vlan); // the library's own, zero in every call
+    memset(data.min_vlan, 0, sizeof data.min_vlan); // the tool always passes it as zero
     return data.portrole[0] != unread;
 }
 
-// Replaces a port's role and list. A list alone that is missing stays as it is.
+// Takes a port's role and list from the document. A port with neither key stays as it
+// is, and so does a missing list.
 void read_port_vlans(const dictionary* ini, int port, vlan_data_t& data) {
     const char* role = read_role(ini, port);
     const char* list = read_list(ini, port);
@@ -276,8 +277,8 @@ bool has_any_port(const dictionary* ini) {
     return false;
 }
 
-// False when there is nothing to apply: no port has a key, or a key is missing
-// and the device's own cannot be read.
+// False when there is nothing to apply: no port has a key, or a list is missing and the
+// device's VLANs cannot be read.
 bool read_vlans(const dictionary* ini, vlan_data_t& data) {
     if (!has_any_port(ini) || !(has_every_list(ini) || read_stored_vlans(data))) {
         return false;

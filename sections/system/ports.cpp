@@ -31,7 +31,7 @@ constexpr int eeprom_number(int port) {
     return port - 5;
 }
 
-// Only this model has fibre speeds. The result is in the low 8 bits.
+// Only models of port type 1 have fibre speeds. The type is in the low 8 bits.
 bool has_fibre_speeds() {
     return static_cast<std::uint8_t>(get_eeprom_macsec_port_type()) == 1;
 }

@@ -115,8 +115,8 @@ int check_ini_adefault(const dictionary* ini, FILE* error_file) {
                          USR_RET_ERR_ADEFAULT_STATE_NOT_FOUND);
 }
 
-// Spares the EEPROM a write if nothing changes. A stored number other than 0 and 1
-// always does.
+// Does not write the EEPROM if nothing changes. A stored number other than 0 and 1 is
+// always rewritten.
 void restore_ini_adefault(const dictionary* ini) {
     const int stored = get_eeprom_serial_port();
     const int flag = read_int(ini, "auto default setting:enable state", 0) == 1 ? 1 : 0;

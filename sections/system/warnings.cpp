@@ -108,7 +108,7 @@ void backup_ini_warning_alarm_settings(FILE* ini_file) {
     write_level(ini_file);
 }
 
-// Reads all before it sets the first. Code 0 of the level is not "Disabled" but the
+// Reads everything before it sets anything. Code 0 of the level is not "Disabled" but the
 // highest severity, which is what a document without the key sets.
 void restore_ini_warning_alarm(const dictionary* ini) {
     std::uint8_t ports[EMAIL_PORTS] = {};
