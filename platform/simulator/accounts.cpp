@@ -28,7 +28,7 @@ std::string to_plain(const Stored& stored) {
     for (const uint8_t byte : stored) {
         plain += static_cast<char>(~byte);
     }
-    return plain.c_str(); // up to the terminator
+    return plain.substr(0, plain.find('\0'));
 }
 
 // Reads at most size bytes of the text.
