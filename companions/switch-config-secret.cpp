@@ -25,12 +25,13 @@ constexpr struct Kind {
     std::size_t min_length;
     std::size_t max_length;
     bool hexadecimal;
+    const char* takes;
     void (*encrypt)(const char* secret, char (&text)[encrypted_size]);
 } kinds[] = {
-    {"snmp", 1, 32, false, encrypt_snmp_key},
-    {"dot1x", 1, 29, false, encrypt_dot1x_key},
-    {"sci", 16, 16, true, encrypt_sci}, // IEEE 802.1AE: 64 bits
-    {"sak", 32, 32, true, encrypt_sak}, // 128 bits
+    {"snmp", 1, 32, false, "1 to 32 printable bytes", encrypt_snmp_key},
+    {"dot1x", 1, 29, false, "1 to 29 printable bytes", encrypt_dot1x_key},
+    {"sci", 16, 16, true, "16 hexadecimal digits", encrypt_sci}, // IEEE 802.1AE: 64 bits
+    {"sak", 32, 32, true, "32 hexadecimal digits", encrypt_sak}, // 128 bits
 };
 
 using Input = Secret<256>;
@@ -90,9 +91,8 @@ int encode(const Kind& kind) {
     const std::size_t length = strlen(input.chars);
     if (!is_read || length < kind.min_length || length > kind.max_length ||
         (kind.hexadecimal && strspn(input.chars, hexadecimal_digits) != length)) {
-        fprintf(stderr, "switch-config-secret: refused%s; %s takes %zu to %zu %s\n",
-                at_terminal && !is_read ? ", the two differ" : "", kind.name, kind.min_length,
-                kind.max_length, kind.hexadecimal ? "hexadecimal digits" : "printable bytes");
+        fprintf(stderr, "switch-config-secret: refused%s; %s takes %s\n",
+                at_terminal && !is_read ? ", the two differ" : "", kind.name, kind.takes);
         return refused;
     }
     kind.encrypt(input.chars, text);
