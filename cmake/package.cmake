@@ -1,13 +1,24 @@
-# What cmake --install puts where, and the Debian package of it.
+# What cmake --install puts where, and the Debian packages: for a switch
+# switch-config and switch-config-doc, with the simulated switch one of another
+# name, so that nobody puts it on a switch by mistake.
 include(GNUInstallDirs)
+if(SWITCH_DEVICE_LIBRARY)
+  set(package switch-config)
+else()
+  set(package switch-config-simulator)
+endif()
+set(docs ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package})
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME tool)
 
-install(TARGETS ${programs} DESTINATION ${CMAKE_INSTALL_SBINDIR})
+set(installed ${programs})
+list(REMOVE_ITEM installed switch-device-check)
+install(TARGETS ${installed} DESTINATION ${CMAKE_INSTALL_SBINDIR})
 install(PROGRAMS ${PROJECT_SOURCE_DIR}/companions/switch-config-apply
   ${PROJECT_SOURCE_DIR}/companions/switch-config-explain DESTINATION ${CMAKE_INSTALL_SBINDIR})
 
-file(GLOB documents CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
-install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+file(GLOB documents CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg)
+install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${docs} COMPONENT doc)
+install(FILES ${documents} DESTINATION ${docs}/docs COMPONENT doc)
 
 # Each page once for man, and once as it is, for the links between the documents.
 file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.[58])
@@ -19,10 +30,13 @@ foreach(page ${pages})
     COMMAND gzip -9nf ${name}
     DEPENDS ${page} VERBATIM)
   list(APPEND compressed ${PROJECT_BINARY_DIR}/${name}.gz)
+  if(name STREQUAL switch-device-check.8)
+    continue()
+  endif()
   install(FILES ${PROJECT_BINARY_DIR}/${name}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man${section})
 endforeach()
 add_custom_target(manual ALL DEPENDS ${compressed})
-install(FILES ${pages} DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES ${pages} DESTINATION ${docs}/docs COMPONENT doc)
 
 # The report codes for programs, one a line: number, name, section, sentence.
 set(manual ${PROJECT_SOURCE_DIR}/docs/switch-config.8)
@@ -40,32 +54,49 @@ install(TARGETS switch-device-check DESTINATION ${CMAKE_INSTALL_SBINDIR}
 install(FILES ${PROJECT_SOURCE_DIR}/docs/switch-device-check.8
   DESTINATION ${CMAKE_INSTALL_MANDIR}/man8 COMPONENT device-check EXCLUDE_FROM_ALL)
 
+# Debian asks for these in each package.
+configure_file(packaging/changelog.in changelog @ONLY)
+add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/changelog.gz
+  COMMAND gzip -9nkf changelog DEPENDS ${PROJECT_BINARY_DIR}/changelog)
+add_custom_target(compressed_changelog ALL DEPENDS ${PROJECT_BINARY_DIR}/changelog.gz)
+set(notices ${PROJECT_SOURCE_DIR}/packaging/copyright ${PROJECT_BINARY_DIR}/changelog.gz)
+install(FILES ${notices} DESTINATION ${docs})
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_PACKAGE_CONTACT "switch-config developers")
+set(CPACK_PACKAGE_CONTACT "switch-config developers <switch-config@example.org>")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION admin)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_COMPONENTS_ALL tool doc)
 
-# The package with the simulated switch has another name, so that nobody puts it
-# on a switch by mistake.
 if(SWITCH_DEVICE_LIBRARY)
-  set(CPACK_DEBIAN_PACKAGE_NAME switch-config)
-  set(CPACK_DEBIAN_PACKAGE_CONFLICTS switch-config-simulator)
+  install(FILES ${notices} DESTINATION ${docs}-doc COMPONENT doc)
+  set(CPACK_DEB_COMPONENT_INSTALL ON)
+  set(CPACK_DEBIAN_TOOL_PACKAGE_NAME ${package})
+  set(CPACK_DEBIAN_TOOL_PACKAGE_CONFLICTS switch-config-simulator)
+  set(CPACK_DEBIAN_TOOL_PACKAGE_SHLIBDEPS ON)
   set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
       "back up, check and restore the configuration of an Ethernet switch")
-  set(CPACK_PACKAGE_DESCRIPTION
+  set(CPACK_DEBIAN_TOOL_DESCRIPTION
 "Moves the whole configuration of an industrial managed Ethernet switch to and
 from one human-readable document. It runs on the switch itself, once for each
 task, for the web interface or another management process.
 .
-The device libraries of the switch are no part of this package.")
+The device libraries of the switch are not part of this package.")
+  set(CPACK_DEBIAN_DOC_PACKAGE_NAME ${package}-doc)
+  set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
+  set(CPACK_DEBIAN_DOC_PACKAGE_SECTION doc)
+  set(CPACK_DEBIAN_DOC_DESCRIPTION
+"Guides for those who port switch-config to a device library, develop it, or
+write programs around it.")
   # dpkg-shlibdeps does not know the packages of another architecture's libraries.
   if(CMAKE_CROSSCOMPILING)
     file(REAL_PATH ${INIPARSER} file)
     string(REGEX REPLACE ".*\\.so\\.([0-9]+).*" "\\1" soname_version ${file})
-    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.34), libiniparser${soname_version}")
+    set(CPACK_DEBIAN_TOOL_PACKAGE_SHLIBDEPS OFF)
+    set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "libc6 (>= 2.34), libiniparser${soname_version}")
   endif()
   # It looks for the device libraries where they were linked from.
   foreach(library ${SWITCH_DEVICE_LIBRARY})
@@ -73,8 +104,9 @@ The device libraries of the switch are no part of this package.")
     list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${folder})
   endforeach()
 else()
-  set(CPACK_DEBIAN_PACKAGE_NAME switch-config-simulator)
+  set(CPACK_DEBIAN_PACKAGE_NAME ${package})
   set(CPACK_DEBIAN_PACKAGE_CONFLICTS switch-config)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
   set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
       "back up, check and restore the configuration of a simulated switch")
   set(CPACK_PACKAGE_DESCRIPTION
