@@ -285,7 +285,7 @@ std::string to_json_text(const State& state) {
 
 State from_json_text(const std::string& text) {
     const json written = json::parse(text);
-    const State state = read_members(written);
+    State state = read_members(written);
     require_same(written, json(state), "");
     return state;
 }
