@@ -23,10 +23,8 @@
 #include <cstring>
 
 namespace {
-
 const char* const fault = std::getenv("FAULT") != nullptr ? std::getenv("FAULT") : "";
 int calls = 0;
-
 } // namespace
 
 // An operation that does something else when it is the faulty one.
