@@ -196,3 +196,26 @@ TEST_F(Fault, EveryCallOfEveryOperation) {
     }
     EXPECT_EQ(reached.size(), functions.size());
 }
+
+// A value that cannot be read is written like the one read before it. Another
+// failing log setting leaves its own preset; a rule is left out.
+TEST_F(Fault, OneReadOfSeveral) {
+    reset();
+    simulator::State& device = simulator::state();
+    device.ports.ports.at(1).enabled = 0;
+    device.dot1x.ports.at(4).mode = 2;
+    const std::pair<const char*, const char*> documents[] = {
+        {"U_FlshPortGetEbl:3", "\nport2 = 0 ;\nport3 = 0 ;\nport4 = 1 ;\n"},
+        {"U_Dot1xGetPortMode:6", "\nport5_mode = \"Standard Authorization\" ;\n"
+                                 "port6_mode = \"Standard Authorization\" ;\n"
+                                 "port7_mode = \"Force Authorized\" ;\n"},
+        {"Ui_SysLogFlashConfig:4",
+         "\nsystem log server = 0 ;\nsystem log server ip = \"0.0.0.0\" ;\n"
+         "system log server port = 514 ;\n"},
+        {"U_FlshGetAcl:1", "\n[Acl setting]\nAcl_Rule_1 Index_Id = \"2\" ;\n"},
+    };
+    for (const auto& [failing, lines] : documents) {
+        make_fail(failing);
+        EXPECT_TRUE(contains(backup(), lines)) << failing;
+    }
+}

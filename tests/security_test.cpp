@@ -2,7 +2,6 @@
 // "auth server setting".
 
 #include "frame/modes.h"
-#include "platform/include/accounts.h"
 #include "tests/support/switch_test.h"
 
 #include <algorithm>
@@ -102,7 +101,7 @@ TEST_F(Security, CheckDot1x) {
         {dot1x, "accounting port", {"65535"}, ""},
         {dot1x, "nas identifier", {"\"12345678901234567890123456789\""}, ""},
         {dot1x, "nas identifier", {"\"123456789012345678901234567890\""}, "231\n"},
-        {dot1x, "shared key", {text_48}, "232\n"},
+        {dot1x, "shared key", {text_48, "\"\"", nullptr}, "232\n"},
         {dot1x, "shared key", {text_64, "\"these 32 characters are no text.\""}, ""},
     };
     expect_reports(with(good, dot1x, "802.1x", "1"), on);
@@ -123,25 +122,9 @@ TEST_F(Security, CheckDot1x) {
         {port_modes, "port9_mode", {"\"none\""}, ""},
     };
     expect_reports(good, either);
-}
-
-TEST_F(Security, AddressThatDoesNotConvertIsNone) {
-    const std::string document = with(good, dot1x, "radius server ip", "\"nowhere\"");
-    EXPECT_EQ(check(document), "223\n");
+    // A text that is not an address equals a device's missing one.
     state().dot1x.server = {0};
-    EXPECT_EQ(check(document), "");
-}
-
-TEST_F(Security, AgentWithoutKeys) {
-    const std::string document = without_section(good, snmp);
-    EXPECT_EQ(restore_calls(document, "SnmpSet"),
-              (Calls{"U_SnmpSetEbl(0)", "U_FlshSnmpSetVer(1)", "U_FlshSnmpSetMode(1)"}));
-    EXPECT_EQ(restore_calls(document, "SnmpIns"), Calls{});
-    reset();
-    make_fail("U_SnmpGetCommunitySize,U_SnmpGetTrapSize,U_SnmpGetUsmSize");
-    const std::string unreadable = backup(); // its tables are empty
-    EXPECT_FALSE(contains(unreadable, "\nsnmp v3"));
-    EXPECT_FALSE(contains(unreadable, "string1"));
+    EXPECT_EQ(check(with(good, dot1x, "radius server ip", "\"nowhere\"")), "");
 }
 
 TEST_F(Security, Communities) {
@@ -178,19 +161,35 @@ TEST_F(Security, ChangedTrapModeInsertsTheReceiversAnew) {
     EXPECT_EQ(state().snmp.trap_mode, 1);
 }
 
-TEST_F(Security, TrapReceivers) {
-    std::string document = with(good, snmp, "snmp trap server ip1", "\"no address\"");
-    document = with(document, snmp, "snmp trap server port1", "65537");
-    EXPECT_EQ(restore_calls(document, "SnmpInsTrap").front(),
-              "U_SnmpInsTrapIpv6(0.0.0.0, 1, \"public\")");
-    for (const char* key : {"ip2", "port2", "community string2"}) {
-        const std::string lacking = without(document, snmp, std::string("snmp trap server ") + key);
-        EXPECT_EQ(restore_calls(lacking, "SnmpInsTrap").size(), 1U) << key;
+// The first 15 are removed; the rest, and what a device without limits lets in, stay.
+TEST_F(Security, FullerTablesThanAnyDocument) {
+    state().snmp.communities.assign(20, {"public", 1});
+    state().snmp.receivers.assign(20, {{}, 162, "public"});
+    for (std::uint16_t i = 0; i < 20; ++i) {
+        state().snmp.communities[i].community = ("community " + std::to_string(i)).c_str();
+        state().snmp.receivers[i].port = i;
     }
-    // Without a mode the receivers are to be informed.
-    EXPECT_EQ(restored(without(good, snmp, "snmp trap mode"), "U_FlshSnmpSetMode("), "1)");
-    EXPECT_EQ(restored(good, "U_FlshSnmpSetMode("), "0)");
-    EXPECT_EQ(restored(good, "U_FlshSnmpSetMode("), "");
+    const Calls calls = restore(good);
+    EXPECT_EQ(calls_with(calls, "U_SnmpDelCommunity").size(), 15U);
+    EXPECT_EQ(calls_with(calls, "U_SnmpDelCommunity").back(),
+              "U_SnmpDelCommunity(\"community 14\")");
+    EXPECT_EQ(calls_with(calls, "U_SnmpDelTrapIpv6").size(), 15U);
+    EXPECT_EQ(calls_with(calls, "U_SnmpDelTrapIpv6").back(), "U_SnmpDelTrapIpv6(0.0.0.0, 14)");
+}
+
+TEST_F(Security, TrapReceivers) {
+    const std::vector<Restored> edits = {
+        {"snmp trap server ip1",
+         {"\"no address\""},
+         "U_SnmpInsTrapIpv6(",
+         R"(0.0.0.0, 162, "public"); 192.168.10.51, 1162, "traps"))"},
+        {"snmp trap server port1",
+         {"65537"},
+         "U_SnmpInsTrapIpv6(192.168.10.50, ",
+         "1, \"public\")"},
+        {"snmp trap mode", {"1"}, "U_FlshSnmpSetMode(", "1)"},
+    };
+    expect_restored(good, snmp, edits);
 }
 
 TEST_F(Security, UserProtocolsFollowTheSecrets) {
@@ -200,30 +199,30 @@ TEST_F(Security, UserProtocolsFollowTheSecrets) {
     state().snmp.users = {{"password only", 0, "p", 0, ""}, {"both", 0, "p", 0, "k"}};
     EXPECT_EQ(restored(backup(), "U_SnmpInsUsm("),
               R"("password only", 1, "p", 0, ""); "both", 1, "p", 1, "k"))");
-    EXPECT_EQ(restored(without(good, snmp, "snmp v3 encryption key1"), "U_SnmpInsUsm("), "");
 }
 
 TEST_F(Security, Accounts) {
-    std::string document = without_section(good, password);
     Calls empty_added;
     for (int slot = 0; slot < 15; ++slot) {
         empty_added.push_back(
             R"(account_addToFlash(account_t{username="", password="", access_right=0}))");
         empty_added.push_back(R"(account_deleteFromFlash(""))");
     }
-    EXPECT_EQ(restore_calls(document, "account_"), empty_added);
-    EXPECT_EQ(restored(document, "usrflsh_setPSWD_"), "minLen(0); maxLen(0)");
+    EXPECT_EQ(restore_calls(without_section(good, password), "account_"), empty_added);
     EXPECT_EQ(state().accounts.slots.size(), 5U) << "the device keeps its accounts";
 
-    document = with(good, password, "user name14", "\"" + std::string(40, 'u') + "\"");
-    document = with(document, password, "password14", "\"" + std::string(40, 'p') + "\"");
-    document = with(document, password, "access_right14", "\"2nd\"");
-    document = with(document, password, {{"minimum_length", "256"}, {"maximum_length", "\"-1\""}});
+    const std::string u40 = "\"" + std::string(40, 'u') + "\"";
+    const std::string p40 = "\"" + std::string(40, 'p') + "\"";
+    const std::string document = with(good, password,
+                                      {{"user name14", u40.c_str()},
+                                       {"password14", p40.c_str()},
+                                       {"access_right14", "\"65538nd\""},
+                                       {"minimum_length", "256"},
+                                       {"maximum_length", "\"-1\""}});
     EXPECT_EQ(restore_calls(document, "account_addToFlash").back(),
               "account_addToFlash(account_t{username=\"" + std::string(31, 'u') +
-                  "\", password=\"" + std::string(31, 'p') + "\", access_right=2})");
+                  "\", password=\"" + std::string(31, 'p') + "\", access_right=65538})");
     EXPECT_EQ(restored(document, "usrflsh_setPSWD_"), "minLen(0); maxLen(255)");
-    EXPECT_EQ(restored(good, "usrflsh_setPSWD_"), "minLen(6); maxLen(31)");
     restore(good, 1);
     EXPECT_EQ(calls_with(all_calls(), "account_"), Calls{});
     EXPECT_EQ(calls_with(all_calls(), "PSWD"), Calls{});
@@ -247,57 +246,39 @@ TEST_F(Security, AccountErrorsOfTheDevice) {
     restore(full);
     make_fail("");
     EXPECT_TRUE(contains(backup(), "= \"user0\""));
-
-    account_t administrator = {};
-    account_err_t error = ACCOUNT_ERROR_NONE;
-    account_getFromFlash(1, &administrator, &error);
-    account_deleteFromFlash(&administrator, &error);
-    EXPECT_EQ(error, ACCOUNT_ERROR_LAST_ADMIN);
-    account_getFromFlash(15, &administrator, &error);
-    EXPECT_EQ(error, ACCOUNT_ERROR_INVALID_INDEX);
 }
 
-TEST_F(Security, Dot1xServer) {
-    std::string document = with(good, dot1x, {{"802.1x", "\"True\""}, {"nas identifier", nullptr}});
-    document = with(document, dot1x, "radius server ip", "\"nowhere\"");
-    document = with(document, dot1x, {{"server port", "65537"}, {"accounting port", "\"0x10\""}});
-    EXPECT_EQ(restored(document, "U_Dot1xSetEbl("), "1)");
-    EXPECT_EQ(restored(document, "U_Dot1xSetRds"),
-              R"((0.0.0.0, 1, 0); Id(""); Key("radius shared secret"))");
-
-    // Texts are cut to 64 characters, which of a key are two blocks.
+TEST_F(Security, RestoreDot1x) {
     const std::string digits = good.substr(good.find("shared key = \"") + 14, 64);
-    document = with(good, dot1x, "shared key", "\"" + digits + "000000\"");
-    document = with(document, dot1x, "nas identifier", std::string(70, 'n'));
-    document = without(document, dot1x, "802.1x");
-    EXPECT_EQ(restored(document, "U_Dot1xSetEbl("), "0)");
-    EXPECT_EQ(restored(document, "U_Dot1xSetRdsId("), "\"" + std::string(64, 'n') + "\")");
-    EXPECT_EQ(restored(document, "U_Dot1xSetRdsKey("), "\"radius shared secret\")");
-}
-
-TEST_F(Security, Dot1xParametersAndPorts) {
-    // Numbers are cut to their widths; a missing one is 0.
-    std::string document =
-        with(good, parameters, {{"quiet period", "65546"}, {"tx period", nullptr}});
-    document = with(document, parameters, {{"maximum requests", "258"}, {"reauth period", "-2"}});
-    EXPECT_EQ(restored(document, "U_Dot1xSetTimeout"),
-              "Quiet(10); Tx(0); Supplicant(30); Rds(30); Reauth(4294967294)");
-    EXPECT_EQ(restored(document, "U_Dot1xSetMaxReq("), "2)");
+    const std::string longer = "\"" + digits + "000000\""; // cut to 64 characters, two blocks
+    const std::string name(70, 'n');
+    const char server[] = "U_Dot1xSetRds(";
+    const std::vector<Restored> edits = {
+        {"802.1x", {"\"True\""}, "U_Dot1xSetEbl(", "1)"},
+        {"radius server ip", {"\"nowhere\""}, server, "0.0.0.0, 1812, 1813)"},
+        {"server port", {"65537"}, server, "192.168.10.60, 1, 1813)"},
+        {"accounting port", {"\"0x10\""}, server, "192.168.10.60, 1812, 0)"},
+        {"nas identifier", {name.c_str()}, "U_Dot1xSetRdsId(\"", std::string(64, 'n') + "\")"},
+        {"shared key", {longer.c_str()}, "U_Dot1xSetRdsKey(", "\"radius shared secret\")"},
+    };
+    expect_restored(good, dot1x, edits);
+    const std::vector<Restored> cut = {
+        {"quiet period", {"65546"}, "U_Dot1xSetTimeoutQuiet(", "10)"},
+        {"tx period", {"65546"}, "U_Dot1xSetTimeoutTx(", "10)"},
+        {"supplicant timeout", {"65546"}, "U_Dot1xSetTimeoutSupplicant(", "10)"},
+        {"server timeout", {"65546"}, "U_Dot1xSetTimeoutRds(", "10)"},
+        {"maximum requests", {"258"}, "U_Dot1xSetMaxReq(", "2)"},
+        {"reauth period", {"-2"}, "U_Dot1xSetTimeoutReauth(", "4294967294)"},
+        {"reauth period", {"65546"}, "U_Dot1xSetTimeoutReauth(", "65546)"},
+    };
+    expect_restored(good, parameters, cut);
+    state().dot1x.reauth_period = 4294967294;
     EXPECT_TRUE(contains(backup(), "\nreauth period = -2 ;\n"));
-
-    document = with(good, port_modes, "port3_mode", "\"Standard Authorization\"");
-    document = with(document, port_modes, {{"port4_mode", "\"N/A\""}, {"port8_mode", nullptr}});
-    EXPECT_EQ(restored(document, "U_Dot1xSetPortMode("),
-              "0, 1); 1, 1); 2, 2); 3, 3); 4, 1); 5, 1); 6, 1); 7, 3)");
-}
-
-TEST_F(Security, PortModeThatCannotBeRead) {
-    state().dot1x.ports.at(4).mode = 2;
-    make_fail("U_Dot1xGetPortMode:6");
-    EXPECT_TRUE(contains(backup(), "\nport5_mode = \"Standard Authorization\" ;\n"
-                                   "port6_mode = \"Standard Authorization\" ;\n"
-                                   "port7_mode = \"Force Authorized\" ;\n"))
-        << "it is written like the one before it";
+    const std::vector<Restored> modes = {
+        {"port8_mode", {"\"Standard Authorization\""}, "U_Dot1xSetPortMode(7, ", "2)"},
+        {"port8_mode", {"\"N/A\""}, "U_Dot1xSetPortMode(7, ", "3)"},
+    };
+    expect_restored(good, port_modes, modes);
 }
 
 TEST_F(Security, StaticSakOfOnePortAfterTheOther) {
@@ -326,22 +307,23 @@ TEST_F(Security, LoginServer) {
         const std::string document = with(good, login_server, "authentication server", off);
         EXPECT_EQ(restore_calls(document, "AuthSrv"), (Calls{"U_LoginAuthSrvSetEbl(0, 7, 1)"}));
     }
-    std::string document = with(good, login_server,
+    const std::string key = "\"" + std::string(35, 'k') + "\"";
+    const std::string on = with(good, login_server,
                                 {{"authentication server", "257"},
                                  {"server type", "1"},
                                  {"server port", "65536"},
+                                 {"shared key", key.c_str()},
+                                 {"authentication type", "65537"},
                                  {"server timeout", "256"}});
-    document = with(document, login_server, "shared key", "\"" + std::string(35, 'k') + "\"");
-    EXPECT_EQ(restore_calls(document, "AuthSrv"),
+    EXPECT_EQ(restore_calls(on, "AuthSrv"),
               (Calls{"U_LoginAuthSrvSetEbl(1, 1, 1)", "U_SetLoginAuthSrv(192.168.10.61, 0, \"" +
-                                                          std::string(29, 'k') + "\", 2, 0, 1)"}));
-    // 15 characters of the address count; what they are no address of changes nothing.
-    document = with(document, login_server, "server Ip/Name", "\"2001:db8::10:200\"");
-    EXPECT_EQ(restore_calls(document, "AuthSrv"), Calls{});
-    for (const char* address : {"\"192.168.100.2000\"", "\"192.168.100.200:1812\""}) {
-        document = with(document, login_server, "server Ip/Name", address);
-        EXPECT_NE(restored(document, "U_SetLoginAuthSrv(192.168.100.200,"), "") << address;
-    }
+                                                          std::string(29, 'k') + "\", 1, 0, 1)"}));
+    // Of an address 15 characters count. If they are not one, nothing changes.
+    EXPECT_EQ(
+        restore_calls(with(on, login_server, "server Ip/Name", "\"2001:db8::10:200\""), "Auth"),
+        Calls{});
+    const std::string longer = with(on, login_server, "server Ip/Name", "\"192.168.100.2000\"");
+    EXPECT_NE(restored(longer, "U_SetLoginAuthSrv(192.168.100.200,"), "");
 }
 
 // No field has room for a terminator then.

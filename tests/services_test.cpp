@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <ctime>
 
-using simulator::make_fail;
 using simulator::state;
 
 namespace {
@@ -346,10 +345,4 @@ TEST_F(Services, RestoreSmtp) {
     EXPECT_EQ(restored("[smtp setting]\nauthentication=511\ntls/ssl=x1\n", "U_FlshSmtpSet"),
               R"(Server(""); SendAdd(""); Subject(""); UnamePwd(-1, "", ""); TLS(0); )"
               R"(RecAdd("", "", "", ""))");
-}
-
-TEST_F(Services, LogSettingsAreReadOneByOne) {
-    make_fail("Ui_SysLogFlashConfig:4");
-    EXPECT_TRUE(contains(backup(), "system log server = 0 ;\nsystem log server ip = \"0.0.0.0\" ;\n"
-                                   "system log server port = 514 ;\n"));
 }
