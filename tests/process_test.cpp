@@ -184,3 +184,9 @@ TEST_F(Process, StandardStreamsThatAreGone) {
     std::system(("(sleep 0.1; " + tool + "restore) 2>&1 | true").c_str());
     EXPECT_TRUE(contains(read_file(trace_path), "U_PortSetEbl(0, 0)"));
 }
+
+TEST_F(Process, BackupKeepsTheMaskOfNewFiles) {
+    const mode_t mask = umask(S_IWGRP | S_IRWXO);
+    backup();
+    EXPECT_EQ(umask(mask), static_cast<mode_t>(S_IWGRP | S_IRWXO));
+}

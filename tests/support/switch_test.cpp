@@ -188,16 +188,6 @@ std::string with(const std::string& document, const std::string& section,
     return edited;
 }
 
-void expect_reports(const std::string& good, const std::vector<Reported>& edits) {
-    for (const auto& [section, key, values, report] : edits) {
-        EXPECT_FALSE(values.empty()) << key;
-        for (const char* value : values) {
-            EXPECT_EQ(check(with(good, section, {{key, value}})), report)
-                << section << ":" << key << " = " << (value ? value : "(none)");
-        }
-    }
-}
-
 Calls lines_of(const std::string& text) {
     std::istringstream stream(text);
     Calls lines;
@@ -234,18 +224,6 @@ std::string restored(const std::string& document, const std::string& begin) {
         }
     }
     return rests;
-}
-
-void expect_restored(const std::string& good, const std::string& section,
-                     const std::vector<Restored>& edits) {
-    for (const auto& [key, values, begin, rest] : edits) {
-        EXPECT_FALSE(values.empty()) << key;
-        for (const char* value : values) {
-            simulator::reset();
-            EXPECT_EQ(restored(with(good, section, {{key, value}}), begin), rest)
-                << begin << " of " << key << " = " << (value ? value : "(none)");
-        }
-    }
 }
 
 std::vector<Key> keys_of(const std::string& document) {

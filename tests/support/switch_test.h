@@ -60,16 +60,6 @@ struct Setting {
 std::string with(const std::string& document, const std::string& section,
                  std::initializer_list<Setting> settings);
 
-// Values of one key, each in a document of its own, and what check reports of
-// each: "240\n", or "". A null value removes the key.
-struct Reported {
-    const char* section;
-    const char* key;
-    std::vector<const char*> values;
-    const char* report;
-};
-void expect_reports(const std::string& good, const std::vector<Reported>& edits);
-
 Calls lines_of(const std::string& text);
 
 bool contains(const std::string& text, const std::string& part);
@@ -83,17 +73,6 @@ Calls restore_calls(const std::string& document, const std::string& part);
 // The rest of the one call of restore that begins like this: of "U_PortSetEbl(6, "
 // it may be "1)". It is "" when there is no such call; several are joined by "; ".
 std::string restored(const std::string& document, const std::string& begin);
-
-// Values of one key, each restored onto a factory switch, and the call that it
-// makes of each, as above.
-struct Restored {
-    const char* key;
-    std::vector<const char*> values;
-    std::string begin;
-    std::string rest;
-};
-void expect_restored(const std::string& good, const std::string& section,
-                     const std::vector<Restored>& edits);
 
 // Every key line of a document: its section and its key.
 struct Key {
