@@ -6,7 +6,6 @@
 
 #include "platform/simulator/state_file.h"
 
-#include <fuzzer/FuzzedDataProvider.h>
 #include <nlohmann/json.hpp>
 
 #include <set>
@@ -28,11 +27,11 @@ const std::set<std::string> ipv6_too = {"/login_server/address", "/snmp/receiver
 // most 1005 characters: a VLAN list of more makes its line longer than 1022.
 bool can_be_carried = true;
 
-json any_text(const std::string& place, FuzzedDataProvider& source) {
-    const std::string part = source.ConsumeRandomLengthString(64);
+json any_text(const std::string& place, fuzz::Bytes& source) {
+    const std::string part = source.text(64);
     std::string text = part;
     if (place == "/vlan/lists/" && !part.empty()) {
-        const auto size = source.ConsumeIntegralInRange<std::size_t>(0, 1024);
+        const auto size = source.number<std::size_t>(0, 1024);
         while (text.size() < size) {
             text += part;
         }
@@ -42,17 +41,17 @@ json any_text(const std::string& place, FuzzedDataProvider& source) {
     return std::vector<std::uint8_t>(text.begin(), text.end());
 }
 
-json any_address(const std::string& place, FuzzedDataProvider& source) {
-    if (ipv6_too.count(place) != 0 && source.ConsumeBool()) {
+json any_address(const std::string& place, fuzz::Bytes& source) {
+    if (ipv6_too.count(place) != 0 && source.flag()) {
         ip_addr_t address = *simulator::address_from("::");
-        source.ConsumeData(address.addr.v6u8, sizeof address.addr.v6u8);
+        source.fill(address.addr.v6u8, sizeof address.addr.v6u8);
         return simulator::address_text(address);
     }
-    return simulator::dotted({source.ConsumeIntegral<std::uint32_t>()});
+    return simulator::dotted({source.number<std::uint32_t>()});
 }
 
-json any_port_set(FuzzedDataProvider& source) {
-    const auto mask = source.ConsumeIntegral<std::uint64_t>();
+json any_port_set(fuzz::Bytes& source) {
+    const auto mask = source.number<std::uint64_t>();
     json ports = json::array();
     for (unsigned port = 0; port < 64; ++port) {
         if ((mask >> port & 1U) != 0) {
@@ -64,14 +63,14 @@ json any_port_set(FuzzedDataProvider& source) {
 
 // Gives each member of the stored configuration another value of its kind.
 // Numbers are cut to the member's width when they are read back.
-void change(json& value, const std::string& place, FuzzedDataProvider& source) {
-    if (source.ConsumeBool()) {
+void change(json& value, const std::string& place, fuzz::Bytes& source) {
+    if (source.flag()) {
         return; // keeps its value, with all that is in it
     }
     const bool can_grow = fixed_arrays.count(place) + port_sets.count(place) == 0;
-    if (value.is_array() && can_grow && source.ConsumeBool()) {
+    if (value.is_array() && can_grow && source.flag()) {
         const json entry = value.front();
-        value = json::array_t(source.ConsumeIntegralInRange<std::size_t>(0, 40), entry);
+        value = json::array_t(source.number<std::size_t>(0, 40), entry);
     }
     if (port_sets.count(place) != 0) {
         value = any_port_set(source);
@@ -80,14 +79,14 @@ void change(json& value, const std::string& place, FuzzedDataProvider& source) {
             change(member, place + "/" + (value.is_array() ? "" : name), source);
         }
     } else if (value.is_boolean()) {
-        value = source.ConsumeBool();
+        value = source.flag();
     } else if (value.is_number()) {
-        value = source.ConsumeIntegral<std::int64_t>();
+        value = source.number<std::int64_t>();
     } else if (simulator::address_from(value.get<std::string>().c_str())) {
         value = any_address(place, source);
     } else if (value.get<std::string>().find(':') != std::string::npos) {
         simulator::Mac mac; // no text of the factory has a colon
-        source.ConsumeData(mac.bytes.data(), mac.bytes.size());
+        source.fill(mac.bytes.data(), mac.bytes.size());
         value = simulator::colon_separated(mac);
     } else {
         value = any_text(place, source);
@@ -102,18 +101,11 @@ json first_state() {
     return json::parse(simulator::to_json_text(state));
 }
 
-// Without the two lines of the clock, which goes on.
-std::string without_clock(std::string document) {
-    constexpr char lines[] = "\nDate       = \"01.01.2026\" ;\nTime       = \"00:00:00\" ;";
-    const std::size_t place = document.find("\nDate       = ");
-    return place == std::string::npos ? document : document.erase(place, sizeof lines - 1);
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const json first = first_state();
-    FuzzedDataProvider source(data, size);
+    fuzz::Bytes source(data, size);
     can_be_carried = true;
     json changed = first;
     change(changed, "", source);
@@ -121,8 +113,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     simulator::reset(simulator::from_json_text_cut(changed.dump()));
 
     const std::string document = fuzz::backup();
-    fuzz::require(without_clock(document) == without_clock(fuzz::backup()), "two backups differ",
-                  document);
+    fuzz::require(document == fuzz::backup(), "two backups differ", document);
     dictionary* ini = fuzz::load(document);
     fuzz::require(ini != nullptr || !can_be_carried, "the backup cannot be loaded", document);
     if (ini != nullptr) {

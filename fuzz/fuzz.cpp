@@ -42,6 +42,33 @@ int no_message(const char*, ...) {
 
 } // namespace
 
+std::uint8_t Bytes::next() {
+    if (size_ == 0) {
+        return 0;
+    }
+    --size_;
+    return *data_++;
+}
+
+// A backslash ends the text, unless another one follows it.
+std::string Bytes::text(std::size_t longest) {
+    std::string text;
+    while (text.size() < longest && size_ != 0) {
+        const std::uint8_t byte = next();
+        if (byte == '\\' && size_ != 0 && next() != '\\') {
+            break;
+        }
+        text += static_cast<char>(byte);
+    }
+    return text;
+}
+
+void Bytes::fill(std::uint8_t* bytes, std::size_t count) {
+    for (std::size_t i = 0; i < count && size_ != 0; ++i) {
+        bytes[i] = next();
+    }
+}
+
 dictionary* load(const std::string& document) {
     iniparser_set_error_callback(no_message);
     MemoryFile file;
@@ -64,7 +91,16 @@ bool check(const dictionary* ini) {
 std::string backup() {
     MemoryFile document;
     write_sections(document.stream());
-    return document.content();
+    std::string text = document.content();
+    constexpr char lines[] = "\nDate       = \"01.01.2026\" ;\nTime       = \"00:00:00\" ;";
+    const std::size_t clock = text.find("\nDate       = ");
+    return clock == std::string::npos ? text : text.erase(clock, sizeof lines - 1);
+}
+
+void restore(const std::string& document) {
+    dictionary* ini = load(document);
+    restore_sections(ini, 0);
+    iniparser_freedict(ini);
 }
 
 bool holds_what_no_document_can(const dictionary* ini) {
