@@ -81,15 +81,6 @@ TEST_F(Security, FullerTablesThanAnyDocument) {
     EXPECT_EQ(calls_with(calls, "U_SnmpDelTrapIpv6").back(), "U_SnmpDelTrapIpv6(0.0.0.0, 14)");
 }
 
-TEST_F(Security, UserProtocolsFollowTheSecrets) {
-    state().snmp.users = {{"none", 2, "", 1, ""}, {"key only", 0, "", 0, "key"}};
-    EXPECT_EQ(restored(backup(), "U_SnmpInsUsm("),
-              R"("none", 0, "", 0, ""); "key only", 1, "", 1, "key"))");
-    state().snmp.users = {{"password only", 0, "p", 0, ""}, {"both", 0, "p", 0, "k"}};
-    EXPECT_EQ(restored(backup(), "U_SnmpInsUsm("),
-              R"("password only", 1, "p", 0, ""); "both", 1, "p", 1, "k"))");
-}
-
 TEST_F(Security, Accounts) {
     Calls empty_added;
     for (int slot = 0; slot < 15; ++slot) {

@@ -4,6 +4,7 @@
 #include "frame/modes.h"
 #include "platform/simulator/state_file.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -69,8 +70,11 @@ void expect_golden(const std::string& content, const std::string& name) {
 
 void expect_golden(const Calls& calls, const std::string& name) {
     std::string lines;
-    for (const std::string& call : calls) {
-        lines += call + "\n";
+    for (auto call = calls.begin(); call != calls.end();) {
+        const auto other =
+            std::find_if(call, calls.end(), [&](auto& next) { return next != *call; });
+        lines += *call + (other - call > 1 ? "  x" + std::to_string(other - call) : "") + "\n";
+        call = other;
     }
     expect_golden(lines, name);
 }

@@ -23,7 +23,8 @@ protected:
 std::string read_file(const std::string& path);
 void write_file(const std::string& path, const std::string& content);
 
-// The file in tests/data has this content, or these lines. With UPDATE_GOLDEN=1
+// The file in tests/data has this content, or these lines, where "x3" is how often one
+// is repeated. With UPDATE_GOLDEN=1
 // in the environment it is written instead: look at what changes in it.
 void expect_golden(const std::string& content, const std::string& name);
 void expect_golden(const Calls& calls, const std::string& name);
