@@ -1,6 +1,6 @@
 // Any state of the device: codes out of range, texts that fill their fields,
-// any number of entries. Backup never harms itself, and its document loads
-// when no text of the device holds what a document cannot carry.
+// any number of entries. Backup survives them, and its document loads
+// unless a text of the device holds what a document cannot carry.
 
 #include "fuzz/fuzz.h"
 
@@ -14,7 +14,7 @@ using nlohmann::json;
 
 namespace {
 
-// What the JSON form does not tell, by place. Every entry of an array is "/".
+// What the JSON form does not say, by place. Every entry of an array is "/".
 const std::set<std::string> fixed_arrays = {
     "/eeprom/fiber_speed", "/macsec",      "/port_security/ports", "/qos/cos",
     "/qos/dscp",           "/qos/weights", "/smtp/recipients",     "/vlan/isolation",
@@ -61,7 +61,7 @@ json any_port_set(fuzz::Bytes& source) {
     return ports;
 }
 
-// Gives each member of the stored configuration another value of its kind.
+// Changes each member of the stored configuration to another value of its kind.
 // Numbers are cut to the member's width when they are read back.
 void change(json& value, const std::string& place, fuzz::Bytes& source) {
     if (source.flag()) {

@@ -11,7 +11,7 @@ namespace fuzz {
 
 namespace {
 
-// A file that has a path and is nowhere on a disk.
+// A file with a path, in memory.
 class MemoryFile {
 public:
     MemoryFile() : file_(memfd_create("fuzz", 0)), stream_(fdopen(file_, "w+")) {}

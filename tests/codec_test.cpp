@@ -142,7 +142,7 @@ TEST_F(Codec, OddTexts) {
         EXPECT_EQ(std::string(sak, 18), "abc" + std::string(13, '\0') + "d" + '\0');
     }
 
-    // Another key gives other text, never more than its room.
+    // A text of another key decodes to no more than its room.
     for (const Decrypt decrypt : {decrypt_snmp_key, decrypt_dot1x_key, decrypt_sak}) {
         EXPECT_LE(decrypted(decrypt, std::string(70, 'f')).size(), 32U);
     }

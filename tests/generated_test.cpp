@@ -307,7 +307,7 @@ void take_over_what_no_document_carries(State& target, State& source, unsigned k
         target.login_server = source.login_server;
         target.login_server.enabled = 1;
     }
-    // The ports of a mirror that is off are not applied; the switch has none then.
+    // The ports of a mirror that is off are not applied; the switch then has none.
     if (source.port_mirror.state == 0) {
         source.port_mirror = {0, 0, 65535, 65535};
     }

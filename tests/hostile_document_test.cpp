@@ -1,5 +1,5 @@
-// Documents that nobody should have written. Whatever they hold, every mode
-// comes to its end and check leaves the device alone.
+// Broken documents. Whatever they hold, every mode returns, and check leaves the
+// device alone.
 
 #include "frame/document.h"
 #include "frame/modes.h"
@@ -64,7 +64,7 @@ TEST_F(HostileDocument, EveryKeyMissingOrASection) {
     }
 }
 
-TEST_F(HostileDocument, BytesThatAreNoText) {
+TEST_F(HostileDocument, BinaryBytes) {
     for (std::size_t at = 0; at < good.size(); at += good.size() / 150) {
         std::string document = good;
         document[at] = '\0';
@@ -84,7 +84,7 @@ TEST_F(HostileDocument, TwentyThousandKeys) {
     EXPECT_EQ(check(document), "");
 }
 
-TEST_F(HostileDocument, NoRegularFile) {
+TEST_F(HostileDocument, NotARegularFile) {
     const auto open_files = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     };
@@ -113,7 +113,7 @@ TEST_F(HostileDocument, NoRegularFile) {
     expect_refused();
 }
 
-// An empty file is a document without keys: the first key is missed.
+// An empty file is a document without keys: check misses the first.
 TEST_F(HostileDocument, EmptyFile) {
     EXPECT_EQ(check(""), "212\n");
     EXPECT_EQ(restore("").front(), "U_FlshSysInfoSetName(\"\")");

@@ -17,7 +17,7 @@ protected:
         fs::create_directories(directory);
     }
 
-    // Gives the exit status.
+    // Returns the exit status.
     int run(const std::string& arguments) {
         fs::remove(trace_path);
         const std::string command = "umask 022; env " + environment + " " SWITCH_CONFIG " " +
@@ -42,7 +42,7 @@ protected:
 
 constexpr char start_up[] = "init_umdev(0)\ninitdef()\nport_init()\n";
 
-TEST_F(Process, ArgumentsThatAreNoMode) {
+TEST_F(Process, UnknownArguments) {
     write_file(report_path, "240\n");
     fs::remove(backup_path);
     for (const char* arguments : {"", "bakup", "\"\"", "backup 1 2", "check 1 2", "restore 3 4"}) {

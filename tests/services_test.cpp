@@ -127,13 +127,14 @@ TEST_F(Services, FlagsOtherThanOne) {
     state().daylight.enabled = 2;
     state().port_mirror = {2, 3, 2, 4};
     state().periodic_backup.enabled = 2;
+    state().https.enabled = 2;
     const std::string document = backup();
     for (const char* lines :
          {":mode = \"0\" ;\nNTP Server = \"0\" ;\n",
           "IP/Domain = \"0\" ;\nNTP Manual Server name = \"ntp2.example.com\" ;\n"
           "Daylight saving :enable state = \"0\" ;\nStart Date(Month)",
           "enable state      = \"0\" ;\nSource Port       = \"3\" ;\nDestination Port  = \"5\" ;\n",
-          "Enable State      = \"0\" ;\n"}) {
+          "[https setting]\nenable state      = \"0\" ;\n", "Enable State      = \"0\" ;\n"}) {
         EXPECT_TRUE(contains(document, lines)) << lines;
     }
 }

@@ -80,8 +80,7 @@ TEST_F(Switching, RestoreIsolation) {
     EXPECT_EQ(restore_calls(good, "PortBased").size(), 8U);
 }
 
-// A line of the longest lists does not fit the reader: its device cannot be
-// restored from the document as it stands.
+// The line of a longer list does not fit the reader: its document cannot be restored.
 TEST_F(Switching, LongestVlanLists) {
     state().vlan.roles.fill(1);
     const std::pair<std::size_t, const char*> lengths[] = {
@@ -130,8 +129,8 @@ TEST_F(Switching, AclCallsForTheSetOfPorts) {
     EXPECT_EQ(calls_with(all_calls(), ", 64)"), Calls{});
 }
 
-// The id behind the last physical port is a port; those behind it are trunks.
-TEST_F(Switching, AclIngressPortsBehindTrunks) {
+// The id right after the last physical port counts as a port; those after it are trunks.
+TEST_F(Switching, AclIngressPortsOfTrunks) {
     const auto ingress_ports = [&](int physical, int logical) {
         reset_to_ports(physical, logical, {{60}, {1, 2}, {}, {50}, {0, 33}});
         restore(with(good, acl, "Acl_Rule_0 Source_Interface", "\"4,5,6\""));
@@ -177,7 +176,7 @@ TEST_F(Switching, QosWithoutTexts) {
     }
 }
 
-// The library's arrays end before the ports do.
+// The library's arrays have fewer entries than there can be ports.
 TEST_F(Switching, MorePortsThanTheArraysHold) {
     state().ports.physical = 255;
     state().ports.logical = 255;

@@ -1,4 +1,4 @@
-// "system information", "system settings", "network settings", "port settings".
+// "system information" and "port settings".
 
 #include "tests/support/switch_test.h"
 
@@ -11,14 +11,7 @@ protected:
 
 namespace {
 
-constexpr char information[] = "system information";
-constexpr char settings[] = "system settings";
-constexpr char network[] = "network settings";
 constexpr char ports[] = "port settings";
-
-// The simulated switch's own codes for an address and a mask.
-constexpr char bad_address[] = "20\n";
-constexpr char bad_mask[] = "21\n";
 
 } // namespace
 
@@ -29,7 +22,8 @@ TEST_F(System, LongModelNames) {
     const std::string document = backup();
     EXPECT_EQ(check(document), "");
     for (const char* end : {"-2SFQ\"", "-2SFP2\"", "\""}) {
-        EXPECT_EQ(check(with(document, information, "model name", "\"" + name + end)), "212\n");
+        EXPECT_EQ(check(with(document, "system information", "model name", "\"" + name + end)),
+                  "212\n");
     }
 }
 

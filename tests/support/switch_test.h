@@ -1,5 +1,5 @@
-// What the tests of the drivers and sections share: a fresh simulated switch
-// for each test, the three modes run on it, and edits of documents.
+// What the tests share: a fresh simulated switch for each test, the three modes run
+// on it, and edits of documents.
 #pragma once
 
 #include "platform/simulator/gate.h"
