@@ -128,12 +128,15 @@ TEST_F(Services, FlagsOtherThanOne) {
     state().port_mirror = {2, 3, 2, 4};
     state().periodic_backup.enabled = 2;
     state().https.enabled = 2;
+    state().smtp.authentication = -82;
+    state().smtp.tls = -1;
     const std::string document = backup();
     for (const char* lines :
          {":mode = \"0\" ;\nNTP Server = \"0\" ;\n",
           "IP/Domain = \"0\" ;\nNTP Manual Server name = \"ntp2.example.com\" ;\n"
           "Daylight saving :enable state = \"0\" ;\nStart Date(Month)",
           "enable state      = \"0\" ;\nSource Port       = \"3\" ;\nDestination Port  = \"5\" ;\n",
+          "authentication          = \"-82\" ;\ntls/ssl                 = \"-1\" ;\n",
           "[https setting]\nenable state      = \"0\" ;\n", "Enable State      = \"0\" ;\n"}) {
         EXPECT_TRUE(contains(document, lines)) << lines;
     }
