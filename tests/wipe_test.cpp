@@ -11,12 +11,13 @@ Calls wiped; // what was in each memory that has been wiped
 
 } // namespace
 
-// In place of the C library's, as which explicit_bzero is compiled.
+// In place of the C library's, under both names that callers are compiled with.
 extern "C" void explicit_bzero(void* memory, std::size_t size) noexcept {
     wiped.emplace_back(static_cast<const char*>(memory), size);
     memset(memory, 0, size);
 }
 
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the name is libc's
 extern "C" void __explicit_bzero_chk(void* memory, std::size_t size, std::size_t) noexcept {
     explicit_bzero(memory, size);
 }
