@@ -133,7 +133,7 @@ TEST_F(Services, FlagsOtherThanOne) {
     const std::string document = backup();
     for (const char* lines :
          {":mode = \"0\" ;\nNTP Server = \"0\" ;\n",
-          "IP/Domain = \"0\" ;\nNTP Manual Server name = \"ntp2.example.com\" ;\n"
+          "IP/Domain = \"0\" ;\nNTP Manual Server name = \"ntp2.example.com\" ;\n",
           "Daylight saving :enable state = \"0\" ;\nStart Date(Month)",
           "enable state      = \"0\" ;\nSource Port       = \"3\" ;\nDestination Port  = \"5\" ;\n",
           "authentication          = \"-82\" ;\ntls/ssl                 = \"-1\" ;\n",
