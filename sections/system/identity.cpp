@@ -35,7 +35,7 @@ bool is_2sfp_model() {
 } // namespace
 
 void backup_ini_system_information(FILE* ini_file) {
-    Text<max_model_name + 1> model;
+    Text<max_model_name + 2> model; // terminated even if the device fills its field of 33
     unsigned char mac[6] = {};
     Text<128> mac_text;
     unsigned char major = 0;
