@@ -117,7 +117,7 @@ bool open_document(Document& document, const char* path) {
     }
     document.text[fread(document.text, 1, max_document_size, file)] = '\0';
     fclose(file);
-    for (int i = 0; i < document.values->n; ++i) {
+    for (int i = 0; i < static_cast<int>(document.values->n); ++i) {
         const char* name = document.values->key[i];
         const char* value = document.values->val[i];
         const char* colon = value != nullptr ? strchr(name, ':') : nullptr;
