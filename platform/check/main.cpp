@@ -13,6 +13,8 @@
 #include "platform/include/ports.h"
 #include "platform/include/start_up.h"
 
+#include <cstdlib>
+
 bool writing = false;
 volatile std::sig_atomic_t stopped = 0;
 
