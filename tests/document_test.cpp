@@ -125,7 +125,7 @@ TEST_F(Document, ReadsTheSameWithEveryIniparser) {
         FILE* stream = open_memstream(&text, &size);
         iniparser_dump(ini, stream);
         fclose(stream);
-        const std::string dump(text, size);
+        std::string dump(text, size);
         free(text);
         return dump;
     };

@@ -32,6 +32,12 @@ TEST_F(Switching, CheckVerdictsOnTheManagementVlan) {
         state().vlan.verdict = verdict;
         EXPECT_EQ(check(good), report) << verdict;
     }
+    // A library that takes any number: 65547 is 11 in the 16 bits that are compared.
+    const std::string wrapped =
+        with(good, vlan, {{"port1_vlan", "\"65547\""}, {"management vlan id", "11"}});
+    EXPECT_EQ(check(wrapped), "");
+    state().vlan.verdict = 0;
+    EXPECT_EQ(check(wrapped), "299\n");
 }
 
 TEST_F(Switching, VlanTableFollowsTheLists) {

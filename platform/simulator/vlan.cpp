@@ -7,7 +7,8 @@
 //    second VLAN. More than 512 VLANs do not fit the table, and have a code of
 //    this switch's own.
 //  - The management VLAN is never at fault. A verdict other than 0 in the state
-//    is what a check returns when it finds no fault; a negative one fails it.
+//    is what a check returns when it finds no fault; a negative one fails it, a
+//    positive one is returned for lists at fault as well.
 //  - A check that is made to fail, or whose buffers are not zero, returns
 //    VLAN_DATA_MANAGEMENT.
 //  - A check puts the VLANs to store into the entry table and the IDs to remove
@@ -216,7 +217,7 @@ int check_vlan_data(vlan_data_t* data, char* msg, TstFlshVlanEntry* table, void*
         Memberships vlans;
         const int verdict = memberships(*data, vlans);
         if (verdict != VLAN_DATA_VALID) {
-            return verdict;
+            return vlan().verdict > VLAN_DATA_VALID ? vlan().verdict : verdict;
         }
         if (!is_zero(table, max_vlans * sizeof *table) ||
             !is_zero(removal_list, max_vlans * sizeof(int32_t))) {

@@ -29,7 +29,8 @@ unsigned short U_FlshSysGetEmailPower(unsigned char* codes) {
 }
 
 unsigned short U_SysSetEmailPower(unsigned char* codes) {
-    const std::array<uint8_t, EMAIL_POWERS> powers = {codes[0], codes[1]};
+    std::array<uint8_t, EMAIL_POWERS> powers = {};
+    std::copy(codes, codes + EMAIL_POWERS, powers.begin());
     return changes(call(__func__, written_list(powers)), [&] { state().warnings.powers = powers; });
 }
 
