@@ -1,16 +1,9 @@
-// The manual pages against the tool: their codes against the enumeration and the
-// sources, the keys of the document against what backup writes, and what a missing
-// key stands for against what restore does.
-//
-// What restore does differently without a key is in tests/data/missing.txt, which
-// UPDATE_GOLDEN=1 writes anew. Keys that differ only in a number share a line when
-// they behave alike. A key whose absence changes nothing is first given another
-// value, which is shown.
+// The manual pages against the tool. tests/data/missing.txt has, for each kind of key, the
+// calls that restore makes only with (-) or only without (+) a key, or another value of it.
 
 #include "platform/simulator/state_file.h"
 #include "tests/support/switch_test.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <regex>
@@ -18,7 +11,6 @@
 
 namespace {
 
-using Set = std::set<std::string>;
 using Row = std::vector<std::string>; // a match and its groups
 
 std::vector<Row> rows_in(const std::string& text, const std::string& expression) {
@@ -30,193 +22,109 @@ std::vector<Row> rows_in(const std::string& text, const std::string& expression)
     return rows;
 }
 
-std::string source(const std::string& path) {
-    return read_file(TEST_DATA "/../../" + path);
+// Section and key without its numbers, and a quote if the value has quotes.
+std::string kind_of(const std::string& section, const Row& row) {
+    const std::string key = std::regex_replace(row[2], std::regex("0x..|[0-9]+"), "N");
+    return "[" + section + "] " + key + (row[3].empty() ? "" : "\"");
 }
 
-Set codes_in_sources() {
-    Set names;
-    for (const char* folder : {"/../../frame", "/../../sections"}) {
-        for (const auto& file :
-             std::filesystem::recursive_directory_iterator(TEST_DATA + std::string(folder))) {
-            const std::string text = file.is_regular_file() ? read_file(file.path()) : "";
-            for (const Row& row : rows_in(text, R"(\bUSR_RET_\w+)")) {
-                names.insert(row[0]);
-            }
-        }
-    }
-    names.erase("USR_RET_OK"); // no fault
-    return names;
-}
-
-// Section and key without its numbers, and a quote when the value has quotes.
-std::string family(const std::string& section, const std::string& key, const std::string& quote) {
-    return section + ":" + std::regex_replace(key, std::regex("0x..|[0-9]+"), "N") + quote;
-}
-
-// An entry of switch-config-document(5).
-struct Entry {
-    std::string missing;
-    Set codes; // with the section, as in the table of codes
-};
-
-std::map<std::string, Entry> page_entries() {
-    std::map<std::string, Entry> entries;
-    std::string section;
-    Entry* entry = nullptr;
-    for (const Row& row :
-         rows_in(source("docs/switch-config-document.5"),
-                 R"(\n\.Ss \[(.+)\]|\n\.It Cm (.+) Li =( Qq)? Ar)"
-                 R"(|\n\.Em Missing : \w\w (.+) [.,]|\n\.Em Check : No (.+) [.,])")) {
-        section = row[1].empty() ? section : row[1];
-        if (!row[2].empty()) {
-            entry = &entries[family(section, row[2], row[3].empty() ? "" : "\"")];
-        } else if (!row[4].empty()) {
-            entry->missing = std::regex_replace(row[4], std::regex(R"(\\\(dq|\\)"), "");
-        }
-        for (const Row& code : rows_in(row[5], R"(\d+)")) {
-            entry->codes.insert(section + "\t" + code[0]);
-        }
-    }
-    return entries;
-}
-
-std::string value_in(const std::string& document, const Key& key) {
-    const std::size_t section = document.find("\n[" + key.section + "]\n");
-    const auto rows = rows_in(document.substr(section), "\n" + key.key + " *= \"?(.*?)\"? ;");
-    return rows.empty() ? "" : rows[0][1];
-}
-
-// Of each operation, the last call that the other restore did not make.
-std::map<std::string, std::string> only_in(const Calls& calls, const Calls& other) {
-    std::map<std::string, std::string> last;
+std::string only_in(const Calls& calls, const Calls& other, const std::string& mark) {
+    std::string lines;
     for (const std::string& call : calls) {
-        if (std::find(other.begin(), other.end(), call) == other.end()) {
-            last[call.substr(0, call.find('('))] = call;
-        }
+        lines += calls_with(other, call).empty() ? mark + call + "\n" : "";
     }
-    return last;
-}
-
-// "(1 -> 0)": the arguments, or fields, in which two calls of one operation differ.
-std::string difference(const std::string& a, const std::string& b) {
-    const auto at = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin();
-    const auto tail = std::mismatch(a.rbegin(), a.rend() - at, b.rbegin(), b.rend() - at).first;
-    const std::size_t begin = a.find_last_of("({ ", static_cast<std::size_t>(at) - 1) + 1;
-    const auto part = [&](const std::string& call) {
-        const std::size_t end = call.size() - static_cast<std::size_t>(tail - a.rbegin());
-        return call.substr(begin, call.find_first_of(",)} ", end) - begin);
-    };
-    return "(" + part(a) + " -> " + part(b) + ")";
-}
-
-std::string effect(const Calls& whole, const Calls& missing) {
-    auto after = only_in(missing, whole);
-    std::string text;
-    for (const auto& [operation, call] : only_in(whole, missing)) {
-        const bool changed = after.count(operation) != 0;
-        text += changed ? " " + operation + difference(call, after[operation]) : " no " + operation;
-        after.erase(operation);
-    }
-    for (const auto& added : after) {
-        text += " " + added.second;
-    }
-    return text;
+    return lines;
 }
 
 } // namespace
 
-class Manual : public SwitchTest {
-protected:
+struct Manual : SwitchTest {
+    Manual() { // reads switch-config-document(5)
+        std::string section;
+        std::string kind;
+        for (const Row& row :
+             rows_in(read_file(TEST_DATA "/../../docs/switch-config-document.5"),
+                     R"(\n\.Ss \[(.+)\]|\n\.It Cm (.+) Li =( Qq)? Ar)"
+                     R"(|\n\.Em Missing : \w\w (.+) [.,]|\n\.Em Check : No (.+) [.,])")) {
+            section = row[1].empty() ? section : row[1];
+            kind = row[2].empty() ? kind : kind_of(section, row);
+            stands_for[kind] += std::regex_replace(row[4], std::regex(R"(\\\(dq|\\)"), "");
+            for (const Row& code : rows_in(row[5], R"(\d+)")) {
+                codes.insert(section + "\t" + code[0]);
+            }
+        }
+        stands_for.erase(""); // the heading of the first section
+    }
+
     Calls calls(const std::string& document) {
         simulator::reset(device);
         return restore(document);
     }
 
-    std::string state_after(const std::string& document) {
-        calls(document);
-        return simulator::to_json_text(simulator::state());
-    }
-
     // The document with the value that the missing key stands for.
-    std::string spelled_out(const std::string& document, const Key& key, const std::string& name) {
-        std::string value = entries.at(name).missing;
+    std::string spelled_out(const std::string& document, const Key& key, std::string value) {
         if (value == "kept") {
             simulator::reset(device);
-            value = value_in(backup(), key);
+            const auto rows = rows_in(backup(), "\\[" + key.section + "\\](?:\n.+)*?\n" + key.key +
+                                                    " *= \"?(.*?)\"? ;");
+            value = rows.empty() ? "" : rows[0][1];
         }
-        value = value == "left out" ? "-1" : value;
-        return value == "not read" ? document
-                                   : with(document, key.section, key.key, "\"" + value + "\"");
+        const bool ignored = value == "left out" || value == "not read";
+        return with(document, key.section, key.key, ignored ? "-1" : "\"" + value + "\"");
     }
 
-    // Adds the line for a key.
-    void record(const std::string& document, const Key& key, const Calls& missing) {
-        std::string text = key.key + ": nothing";
-        for (const std::string value : {"", "7", "1", "0"}) {
-            const std::string whole =
-                value.empty() ? document : with(document, key.section, key.key, value);
-            const std::string changed = effect(calls(whole), missing);
-            if (!changed.empty()) {
-                text = key.key + (value.empty() ? "" : " = ") + value + ":" + changed;
-                break;
-            }
-        }
-        text = "[" + key.section + "] " + text;
-        const std::regex number(R"(\([^()]* -> | = .:|0x..|[0-9][0-9,]*)");
-        if (seen.insert(std::regex_replace(text, number, "#")).second) {
-            lines.push_back(text);
+    void leave_out(const Key& key, const std::string& document, const std::string& kind) {
+        const Calls made = calls(without(document, key.section, key.key));
+        const std::string state = simulator::to_json_text(simulator::state());
+        calls(spelled_out(document, key, stands_for[kind]));
+        EXPECT_EQ(simulator::to_json_text(simulator::state()), state) << kind;
+        std::string whole = document;
+        for (int value = 7; value >= -1 && effects[kind].empty(); --value) {
+            const Calls all = calls(whole);
+            effects[kind] = only_in(all, made, "  -") + only_in(made, all, "  +");
+            whole = with(document, key.section, key.key, std::to_string(value));
         }
     }
 
-    void leave_out_each_key(const simulator::State& onto, const std::string& document) {
+    void leave_out_each_key(const std::string& document, const simulator::State& onto) {
         device = onto;
-        const Set before = written;
+        const auto before = effects;
         std::string section;
         for (const Row& row : rows_in(document, R"re(\n\[(.+)\]|\n(\w[^=\n]*?)\s*= ?("?))re")) {
             section = row[1].empty() ? section : row[1];
-            const std::string name = family(section, row[2], row[3]);
-            if (row[2].empty() || before.count(name) != 0) {
-                continue;
+            const std::string kind = kind_of(section, row);
+            if (!row[2].empty() && before.count(kind) == 0) {
+                ASSERT_EQ(stands_for.count(kind), 1U) << kind << " is not in the page";
+                leave_out({section, row[2]}, document, kind);
             }
-            ASSERT_EQ(entries.count(name), 1U) << name << " is not in the page";
-            written.insert(name);
-            const Key key{section, row[2]};
-            const std::string missing = without(document, section, key.key);
-            EXPECT_EQ(state_after(missing), state_after(spelled_out(document, key, name))) << name;
-            record(document, key, calls(missing));
         }
     }
 
-    const std::map<std::string, Entry> entries = page_entries();
+    std::map<std::string, std::string> stands_for;   // a missing key, by kind
+    std::set<std::string> codes{"-\t210", "-\t211"}; // with the section, which these two lack
     simulator::State device;
-    Set written; // families of keys
-    Set seen;
-    Calls lines;
+    std::map<std::string, std::string> effects; // of leaving out a key, by kind
 };
 
 TEST_F(Manual, HasTheCodesThatTheToolWritesAndNoOthers) {
-    std::map<std::string, std::string> enumeration;
-    for (const Row& row : rows_in(source("platform/include/return_codes.h"), R"((\w+) = (\d+))")) {
-        enumeration[row[1]] = row[2];
-    }
-    Set written_codes = codes_in_sources();
-    Set of_sections;
-    const auto table = rows_in(read_file(CODE_TABLE), "(\\d+)\t(\\w+)\t([^\t]+)\t([A-Z].+\\.)\n");
-    for (const Row& row : table) {
-        EXPECT_EQ(enumeration[row[2]], row[1]);
-        EXPECT_TRUE(written_codes.erase(row[2]) == 1 || row[3] == "network settings") << row[2];
-        if (row[3] != "-") {
-            of_sections.insert(row[3] + "\t" + row[1]);
+    const std::string enumeration = read_file(TEST_DATA "/../../platform/include/return_codes.h");
+    std::set<std::string> written;
+    for (const char* folder : {TEST_DATA "/../../frame", TEST_DATA "/../../sections"}) {
+        for (const auto& file : std::filesystem::recursive_directory_iterator(folder)) {
+            for (const Row& row : rows_in(file.is_directory() ? "" : read_file(file.path()),
+                                          R"(USR_RET_(ERR|INI)_\w+)")) {
+                written.insert(row[0]);
+            }
         }
     }
-    EXPECT_EQ(written_codes, Set()) << "are not in the page";
-    EXPECT_EQ(rows_in(source("docs/switch-config.8"), "USR_RET_").size(), table.size());
-    Set of_entries;
-    for (const auto& entry : entries) {
-        of_entries.insert(entry.second.codes.begin(), entry.second.codes.end());
+    std::set<std::string> of_sections;
+    for (const Row& row : rows_in(read_file(CODE_TABLE), "(\\d+)\t(\\w+)\t(.+)\t[A-Z].+\\.\n")) {
+        EXPECT_TRUE(contains(enumeration, " " + row[2] + " = " + row[1] + ","));
+        EXPECT_TRUE(written.erase(row[2]) == 1 || row[3] == "network settings") << row[2];
+        of_sections.insert(row[3] + "\t" + row[1]);
     }
-    EXPECT_EQ(of_entries, of_sections);
+    EXPECT_EQ(written, std::set<std::string>()) << "are not in the page";
+    EXPECT_EQ(codes, of_sections);
 }
 
 TEST_F(Manual, HasEveryKeyAndWhatAMissingOneStandsFor) {
@@ -224,15 +132,19 @@ TEST_F(Manual, HasEveryKeyAndWhatAMissingOneStandsFor) {
     other.ports.physical = 8;
     other.eeprom.macsec_port_type = 1;
     other.vlan.isolation.fill({8});
-    const std::string factory =
+    const std::string both =
         with(backup(), "auth server setting", "authentication server", "\"1\"");
-    leave_out_each_key(other, with(factory, "port mirror setting", "enable state", "\"1\""));
+    leave_out_each_key(with(both, "port mirror setting", "enable state", "\"1\""), other);
     simulator::State entered;
     entered.sntp.manual = 1;
-    leave_out_each_key(entered, read_file(TEST_DATA "/other_switch.ini"));
+    leave_out_each_key(read_file(TEST_DATA "/other_switch.ini"), entered);
     entered.sntp.client_enabled = 0;
     simulator::reset(entered);
-    leave_out_each_key({}, backup());
-    EXPECT_EQ(written.size(), entries.size()) << "keys that backup never writes";
+    leave_out_each_key(backup(), {});
+    EXPECT_EQ(effects.size(), stands_for.size()) << "keys that backup never writes";
+    std::string lines;
+    for (const auto& [kind, effect] : effects) {
+        lines += kind + "\n" + effect;
+    }
     expect_golden(lines, "missing.txt");
 }
