@@ -24,14 +24,14 @@ std::vector<Row> rows_in(const std::string& text, const std::string& expression)
 
 // Section and key without its numbers, and a quote if the value has quotes.
 std::string kind_of(const std::string& section, const Row& row) {
-    const std::string key = std::regex_replace(row[2], std::regex("0x..|[0-9]+"), "N");
+    const std::string key = std::regex_replace(row[2], std::regex("0x..|[0-9]+(?![.0-9]*x)"), "N");
     return "[" + section + "] " + key + (row[3].empty() ? "" : "\"");
 }
 
 std::string only_in(const Calls& calls, const Calls& other, const std::string& mark) {
     std::string lines;
     for (const std::string& call : calls) {
-        lines += calls_with(other, call).empty() ? mark + call + "\n" : "";
+        lines += calls_with(other, call).empty() ? mark + call : "";
     }
     return lines;
 }
@@ -81,7 +81,7 @@ struct Manual : SwitchTest {
         std::string whole = document;
         for (int value = 7; value >= -1 && effects[kind].empty(); --value) {
             const Calls all = calls(whole);
-            effects[kind] = only_in(all, made, "  -") + only_in(made, all, "  +");
+            effects[kind] = only_in(all, made, " -") + only_in(made, all, " +");
             whole = with(document, key.section, key.key, std::to_string(value));
         }
     }
@@ -144,7 +144,7 @@ TEST_F(Manual, HasEveryKeyAndWhatAMissingOneStandsFor) {
     EXPECT_EQ(effects.size(), stands_for.size()) << "keys that backup never writes";
     std::string lines;
     for (const auto& [kind, effect] : effects) {
-        lines += kind + "\n" + effect;
+        lines += kind.substr(0, kind.find('"')) + ":" + effect + "\n";
     }
     expect_golden(lines, "missing.txt");
 }
