@@ -2,6 +2,7 @@
 
 #include "platform/include/converters.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdio>
@@ -18,35 +19,22 @@ Phrase::Phrase(const char* format, ...) {
     va_end(arguments);
 }
 
-void report(const char* operation, const char* what, const Phrase& found) {
+void report(const char* operation, const char* what, const Phrase& outcome) {
+    const bool is_fault = outcome.is_fault();
     ++tried;
-    failed += found.is_fault() ? 1 : 0;
-    std::printf("%sok %d - %s: %s%s%s\n", found.is_fault() ? "not " : "", tried, operation, what,
-                found.is_fault() ? "\n# "
-                : found          ? " # "
-                                 : "",
-                found.chars);
-    std::fflush(stdout); // a library that dies does so after the last line
+    failed += is_fault ? 1 : 0;
+    std::printf("%sok %d - %s: %s%s%s\n", is_fault ? "not " : "", tried, operation, what,
+                is_fault            ? "\n# "
+                : outcome.is_skip() ? " # "
+                                    : "",
+                outcome.chars);
+    std::fflush(stdout); // the library may crash
 }
 
-void expect(bool passed, const char* operation, const char* what, const char* fault, ...) {
-    if (writing) {
-        return;
+void expect(bool passed, const char* operation, const char* what, const Phrase& fault) {
+    if (!writing) {
+        report(operation, what, passed ? Phrase() : fault);
     }
-    Phrase found;
-    va_list arguments;
-    va_start(arguments, fault);
-    std::vsnprintf(found.chars, passed ? 1 : sizeof found.chars, fault, arguments);
-    va_end(arguments);
-    report(operation, what, found);
-}
-
-Phrase shown(int value) {
-    return {"%d", value};
-}
-
-Phrase shown(const char* text) {
-    return {"\"%s\"", text};
 }
 
 namespace {
@@ -72,32 +60,29 @@ unsigned long taken(const char*& text, char mark, unsigned long otherwise) {
     return number;
 }
 
-// An argument, or a member of the record before it.
+// An argument, or a member of the last record.
 struct Part {
     char name[24] = {};
     char kind = ' ';
     bool is_member = false;
-    std::size_t width = 0;
+    std::size_t width = 0, place = 0;
     unsigned long low = 0, high = 0;
-    std::size_t place = 0;
 
     bool is_output() const { return kind != 'i' && kind != '#'; }
-    bool is_text() const { return kind == 't' || kind == 'm' || kind == 's' || kind == 'v'; }
-    // Whether a byte is no part of the value. An IPv4 address has no use for all.
+    bool is_text() const { return kind == 't' || kind == 'm' || kind == 'v'; }
+    // Whether a byte does not count. An IPv4 address leaves most of its record unused.
     bool is_spare(std::size_t i) const {
         return kind == 'r' || !is_output() || (kind == 'p' && (i == 2 || i == 3 || i >= 8));
     }
 };
 
-// The described arguments in memory, each between guard bytes.
+// The described arguments in memory, with guard bytes around each. Without a fill all
+// is zero, so that every text ends.
 struct Memory {
-    Part parts[80];
-    std::size_t count = 0;
-    unsigned char bytes[12 * 1024];
+    std::vector<Part> parts;
+    unsigned char bytes[40 * 1024];
 
     Memory(const char* described, unsigned char fill, unsigned index);
-    const Part* begin() const { return parts; }
-    const Part* end() const { return parts + count; }
     unsigned char* at(const Part& part) { return bytes + part.place; }
     void store(const Part& part, unsigned long value) {
         std::memcpy(at(part), low_bytes(value, part.width), part.width);
@@ -110,7 +95,7 @@ struct Memory {
 };
 
 Memory::Memory(const char* text, unsigned char fill, unsigned index) {
-    std::memset(bytes, guard_byte, sizeof bytes);
+    std::memset(bytes, fill == 0 ? 0 : guard_byte, sizeof bytes);
     std::size_t record = 0;
     std::size_t end = guard_size;
     for (; *text != '\0'; text += *text == ' ' ? 1 : 0) {
@@ -123,250 +108,207 @@ Memory::Memory(const char* text, unsigned char fill, unsigned index) {
         part.place = record + taken(text, '@', 0);
         part.width = text[1] == 'L' ? sizeof(long) : taken(text, '/', 0);
         text += *text == '/' ? 2 : 0;
-        const unsigned long repetitions = taken(text, '*', 1);
+        const unsigned long count = taken(text, '*', 1);
         const unsigned long distance = taken(text, '+', part.width);
         part.kind = std::strchr("= ", *text) == nullptr ? *text++ : ' ';
         part.low = taken(text, '=', 0);
         part.high = taken(text, '-', 0);
         end += part.is_member ? 0 : (part.width + 15) / 16 * 16 + 2 * guard_size;
-        for (unsigned long i = 0; i < repetitions; ++i, part.place += distance) {
+        for (unsigned long i = 0; i < count; ++i, part.place += distance) {
             std::memset(at(part), fill, part.width);
-            parts[count++] = part;
+            parts.push_back(part);
         }
         if (!part.is_output()) {
-            store(parts[count - 1], part.kind == 'i' ? part.low : index);
+            store(parts.back(), part.kind == 'i' ? part.low : index);
         }
     }
 }
 
 int run(const Operation& operation, Memory& memory) {
-    Arguments arguments = {};
-    std::size_t count = 0;
-    for (const Part& part : memory) {
+    std::vector<Argument> arguments;
+    for (const Part& part : memory.parts) {
         if (!part.is_member) {
-            arguments.places[count] = memory.at(part);
-            arguments.numbers[count++] = part.width <= sizeof(long) ? memory.number(part) : 0;
+            arguments.push_back(
+                {memory.at(part), part.width <= sizeof(long) ? memory.number(part) : 0});
         }
     }
-    return operation.call(arguments);
+    return operation.call(arguments.data());
 }
 
-Phrase judge_guards(const Part& part, Memory& memory) {
-    const auto width = static_cast<std::ptrdiff_t>(part.width);
-    for (std::ptrdiff_t i = -guard_size; i < width + guard_size && !part.is_member; ++i) {
-        if ((i < 0 || i >= width) && memory.at(part)[i] != guard_byte) {
-            return {"expected %zu bytes of %s, seen byte %td written", part.width, part.name, i};
+// The first byte of the value that differs, or the width.
+std::size_t difference(const Part& part, const unsigned char* one, const unsigned char* other) {
+    for (std::size_t i = 0; i < part.width; ++i) {
+        if (one[i] != other[i] && !part.is_spare(i)) {
+            return i;
         }
-    }
-    return {};
-}
-
-// An output that was left alone has the two fills. A call that fails leaves it so.
-Phrase judge_output(const Part& part, const unsigned char* first, const unsigned char* second,
-                    int result) {
-    for (std::size_t i = 0; i < part.width && part.is_output(); ++i) {
-        const bool is_written = first[i] != fills[0] || second[i] != fills[1];
-        if (result != 0 && is_written) {
-            return {"expected %s left alone by a call that returns %d, seen byte %zu written",
-                    part.name, result, i};
-        }
-        if (result == 0 && !is_written && !part.is_spare(i)) {
-            return {"expected %zu bytes of %s%s, seen byte %zu not written", part.width, part.name,
-                    part.is_text() ? " or a shorter text" : "", i};
-        }
-        if (result == 0 && first[i] != second[i] && !part.is_spare(i)) {
-            return {"expected the same %s in a second read, seen another byte %zu", part.name, i};
-        }
-        if (part.is_text() && first[i] == '\0' && result == 0) {
+        if (part.is_text() && one[i] == '\0') {
             break;
         }
     }
+    return part.width;
+}
+
+// Judges two reads into different fills.
+Phrase judge(const Part& part, Memory& first, Memory& second, int result) {
+    const auto width = static_cast<std::ptrdiff_t>(part.width);
+    const unsigned char* bytes = first.at(part);
+    for (std::ptrdiff_t i = -guard_size; i < width + guard_size && !part.is_member; ++i) {
+        const bool is_inside = i >= 0 && i < width;
+        const bool may_change = is_inside && (result == 0 || !part.is_output());
+        if (!may_change && bytes[i] != (is_inside ? fills[0] : guard_byte)) {
+            return {"expected %td bytes of %s after a result of %d, seen byte %td written",
+                    result == 0 ? width : 0, part.name, result, i};
+        }
+    }
+    const std::size_t i = difference(part, bytes, second.at(part));
+    if (result == 0 && i < part.width) {
+        return {"expected %zu bytes of %s%s, seen byte %zu %s",
+                part.width,
+                part.name,
+                part.is_text() ? " or a shorter text" : "",
+                i,
+                bytes[i] == fills[0] ? "not written" : "changed in a second read"};
+    }
     return {};
 }
 
-Phrase try_getter(const Operation& get, const char* described, unsigned index) {
+// A read beyond the range may well succeed, but is not judged then.
+Phrase try_getter(const Operation& get, const char* described, unsigned index, bool is_beyond) {
     Memory first(described, fills[0], index);
     Memory second(described, fills[1], index);
     const int result = run(get, first);
     run(get, second);
-    for (const Part& part : first) {
-        const Phrase guards = judge_guards(part, first);
-        const Phrase found =
-            guards ? guards : judge_output(part, first.at(part), second.at(part), result);
-        if (found) {
+    for (const Part& part : first.parts) {
+        const Phrase found = judge(part, first, second, result);
+        if (found.is_fault() && !(is_beyond && result == 0)) {
             return found;
         }
     }
-    return result == 0 ? Phrase() : Phrase("SKIP it returns %d", result);
+    return result == 0 && !is_beyond ? Phrase() : Phrase("SKIP");
 }
 
-// A device may have more than the range. It is only asked to fail cleanly.
-Phrase try_beyond(const Operation& get, const char* described, unsigned index) {
-    Memory memory(described, 0, index);
-    const bool fails = run(get, memory) != 0;
-    const Phrase found = fails ? try_getter(get, described, index) : Phrase();
-    return found.is_fault() ? found : Phrase();
-}
-
-// Adds what is found at an index to what was found before.
-void add(Phrase& found, const Phrase& more, const char* described, unsigned index) {
-    if (!found.is_fault() && more) {
-        const bool has_index = std::strchr(described, '#') != nullptr;
-        found = has_index ? Phrase("%.180s (%u)", more.chars, index) : more;
+// Adds the outcome for an index: the first fault counts, and a skip only if all skip.
+void add(Phrase& outcome, const Phrase& more, unsigned index) {
+    if (more.is_fault() && !outcome.is_fault()) {
+        outcome = {"%.180s (index %u)", more.chars, index};
+    } else if (outcome.is_skip() && !more.is_skip()) {
+        outcome = {};
     }
 }
 
-bool is_same(const Part& part, const unsigned char* wanted, const unsigned char* seen) {
-    for (std::size_t i = 0; i < part.width; ++i) {
-        if (wanted[i] != seen[i] && !part.is_spare(i)) {
-            return false;
-        }
-        if (part.is_text() && wanted[i] == '\0') {
-            break;
-        }
-    }
-    return true;
-}
-
-Phrase shown(const Part& part, Memory& memory) {
-    char address[64] = "";
-    if (part.kind == 'a') {
-        ip_to_str(address, memory.number(part));
-    }
-    return part.kind == ' ' ? Phrase("%lu", memory.number(part))
-           : part.kind == 't' || part.kind == 'm'
-               ? Phrase("%.60s", memory.at(part))
-               : Phrase("%s", part.kind == 'a' ? address : "...");
-}
-
-// Sets what is wanted and reads it back.
-Phrase write(const Operation& get, const Operation& set, const char* described, unsigned index,
-             Memory& wanted) {
-    Memory given = wanted;
-    for (const Part& part : given) {
-        if (part.is_text() && !part.is_member) {
-            given.at(part)[part.width] = '\0';
-        }
-    }
-    const int result = run(set, given);
-    Memory seen(described, 0, index);
-    run(get, seen);
-    for (const Part& part : wanted) {
-        if (!is_same(part, wanted.at(part), seen.at(part))) {
-            return {"expected %s %s, seen %s after a result of %d", part.name,
-                    shown(part, wanted).chars, shown(part, seen).chars, result};
-        }
-    }
-    return {};
-}
-
-// Puts one of the two values to try into an output.
+// Chooses one of the two values to set.
 void choose(const Part& part, bool high, Memory& memory) {
     static constexpr const char* texts[] = {"abcdef0123456789", "fedcba9876543210fedcba9876543210"};
     static constexpr const char* mails[] = {"a@example.com", "0123456789abcdefghi@example.com"};
-    static constexpr const char* hosts[] = {"192.0.2.10", "192.0.2.129"};
-    static constexpr const char* masks[] = {"255.255.255.0", "255.255.0.0"};
-    unsigned char* bytes = memory.at(part);
+    static constexpr const char* vlans[] = {",4001,4003,4005", ",4001,4005"};
+    static constexpr const char* addresses[] = {"192.0.2.10", "192.0.2.129", // then netmasks
+                                                "255.255.255.0", "255.255.0.0"};
+    auto* text = reinterpret_cast<char*>(memory.at(part));
     unsigned long value = high ? part.high : part.low;
     if (part.kind == 'v') {
-        const char* more = high ? ",4001,4005" : ",4001,4003,4005";
-        std::strncat(reinterpret_cast<char*>(bytes), more + (*bytes == 0 ? 1 : 0), 20);
+        std::strncat(text, vlans[high] + (*text == '\0' ? 1 : 0), 20);
     } else if (part.is_text()) {
-        const char* chosen = (part.kind == 'm' ? mails : texts)[high];
-        std::memset(bytes, 0, part.width);
-        std::memcpy(bytes, chosen, strnlen(chosen, part.width - 1));
-    } else if (part.kind == 'b') {
-        std::memset(bytes, static_cast<int>(value), part.width);
+        std::snprintf(text, part.width, "%s", (part.kind == 'm' ? mails : texts)[high]);
     } else if (part.kind == 'p') {
-        std::memset(bytes, 0, part.width);
-        str_to_ipaddr(reinterpret_cast<ip_addr_t*>(bytes), hosts[high]);
+        str_to_ipaddr(reinterpret_cast<ip_addr_t*>(text), addresses[high]);
     } else if (part.kind == 'a') {
-        str_to_ip(&value, (part.low == 0 ? hosts : masks)[high]);
+        str_to_ip(&value, addresses[2 * part.low + high]);
         memory.store(part, value);
     } else if (part.kind == ' ') {
         memory.store(part, value);
     }
 }
 
-// Sets both values to try, and then the old one again.
-Phrase try_setter(const Operation& get, const Operation& set, const char* described, unsigned index,
-                  Phrase& not_put_back) {
+// Sets what is wanted and reads it back.
+Phrase write(const Operation& get, const Operation& set, const char* described, unsigned index,
+             Memory& wanted) {
+    Memory given = wanted;
+    Memory seen(described, 0, index);
+    const int result = run(set, given);
+    run(get, seen);
+    for (const Part& part : wanted.parts) {
+        const std::size_t i = difference(part, wanted.at(part), seen.at(part));
+        if (i < part.width && part.kind == ' ') {
+            return {"expected %s %lu after a result of %d, seen %lu", part.name,
+                    wanted.number(part), result, seen.number(part)};
+        }
+        if (i < part.width) {
+            return {"expected %s as set after a result of %d, seen another byte %zu", part.name,
+                    result, i};
+        }
+    }
+    return {};
+}
+
+// Sets both values, and then the old one.
+void try_setter(const Operation& get, const Operation& set, const char* described, unsigned index,
+                Phrase& outcome, Phrase& put_back) {
     Memory before(described, 0, index);
     if (run(get, before) != 0) {
-        return {"SKIP its old value cannot be read"};
+        return;
     }
-    Phrase found;
     for (const bool high : {false, true}) {
         Memory wanted = before;
-        for (const Part& part : before) {
+        for (const Part& part : before.parts) {
             choose(part, high, wanted);
         }
-        found = found ? found : write(get, set, described, index, wanted);
+        add(outcome, write(get, set, described, index, wanted), index);
     }
-    add(not_put_back, write(get, set, described, index, before), described, index);
-    return found;
+    add(put_back, write(get, set, described, index, before), index);
 }
 
 } // namespace
 
-void check_getter(Operation get, const char* described, Range range) {
+void check_getter(const Operation& get, const char* described, Range range) {
     if (writing) {
         return;
     }
-    Phrase found = range.count == 0 ? Phrase("SKIP the device has none") : Phrase();
+    Phrase outcome = "SKIP the device has none";
     const unsigned beyond = range.first + range.count;
-    for (unsigned index = range.first; index < beyond; ++index) {
-        add(found, try_getter(get, described, index), described, index);
+    for (unsigned index = range.first; index <= beyond; ++index) {
+        add(outcome, try_getter(get, described, index, index == beyond), index);
     }
-    add(found, try_beyond(get, described, beyond), described, beyond);
-    report(get.name, "fills its outputs and nothing else, twice the same", found);
+    report(get.name, "fills its outputs and nothing else, twice the same", outcome);
 }
 
-void check_setting(Operation get, Operation set, const char* described, Range range) {
+void check_setting(const Operation& get, const Operation& set, const char* described, Range range) {
     check_getter(get, described, range);
     if (!writing || stopped != 0) {
         return;
     }
-    Phrase found;
-    Phrase not_put_back;
+    Phrase outcome = "SKIP no old value can be read";
+    Phrase put_back = outcome;
     for (unsigned i = range.first; i < range.first + range.count && stopped == 0; ++i) {
-        add(found, try_setter(get, set, described, i, not_put_back), described, i);
+        try_setter(get, set, described, i, outcome, put_back);
     }
-    report(set.name, "what is set is read back", found);
-    report(set.name, "the old value is put back", not_put_back);
+    report(set.name, "what is set is read back", outcome);
+    report(set.name, "the old value is put back", put_back);
 }
 
 namespace {
 
-Row made(const Table& table, unsigned n) {
-    Row row;
-    row.number = table.number;
-    std::snprintf(row.name, sizeof row.name, "check-%u", n);
-    std::snprintf(row.detail, sizeof row.detail, "192.0.2.%u", 100 + n);
-    return row;
+Row made(const Table& table, std::size_t n) {
+    const std::string number = std::to_string(n);
+    const std::string& detail = table.added.detail;
+    return {table.added.name + number, detail.empty() ? "" : detail + number, table.added.number};
 }
 
-unsigned times_listed(const Rows& rows, const Row& wanted) {
-    unsigned times = 0;
-    for (const Row* row = rows.list; row != rows.list + rows.count; ++row) {
-        const bool same_detail = row->detail[0] == '\0' || !std::strcmp(row->detail, wanted.detail);
-        times +=
-            row->number == wanted.number && !std::strcmp(row->name, wanted.name) && same_detail;
-    }
-    return times;
-}
-
-// Of the rows made, the first added are listed, but for a deleted one.
-Phrase judge_rows(const Table& table, unsigned count, unsigned added, unsigned deleted) {
-    const Rows rows = table.read();
-    for (unsigned n = 0; n < added; ++n) {
-        const unsigned times = times_listed(rows, made(table, n));
+// Whether the first added of the rows made are listed, but for a deleted one.
+Phrase judge_rows(const Table& table, std::size_t count, std::size_t added, std::size_t deleted) {
+    const std::vector<Row> rows = table.read();
+    for (std::size_t n = 0; n < added; ++n) {
+        const Row wanted = made(table, n);
+        const auto times = std::count_if(rows.begin(), rows.end(), [&wanted](const Row& row) {
+            return row.name == wanted.name && row.detail == wanted.detail &&
+                   row.number == wanted.number;
+        });
         if (times != (n == deleted ? 0 : 1)) {
-            return {"expected added row %u %s, seen it %u times", n,
-                    n == deleted ? "deleted" : "as it was given", times};
+            return {"expected added row %zu %s, seen it %td times", n,
+                    n == deleted ? "deleted" : "as given", times};
         }
     }
-    return rows.count == count ? Phrase() : Phrase("expected %u rows, seen %u", count, rows.count);
+    return rows.size() == count ? Phrase()
+                                : Phrase("expected %zu rows, seen %zu", count, rows.size());
 }
 
 } // namespace
@@ -375,23 +317,23 @@ void check_table(const Table& table) {
     if (!writing || stopped != 0) {
         return;
     }
-    const unsigned count = table.read().count;
-    Phrase found = count < 15 ? Phrase() : Phrase("SKIP the table is full");
-    unsigned added = 0;
-    while (count + added < 15 && !found && stopped == 0) {
+    const std::size_t count = table.read().size();
+    Phrase outcome = count < 15 ? "" : "SKIP the table is full";
+    std::size_t added = 0;
+    while (count + added < 15 && !outcome.is_fault() && stopped == 0) {
         table.insert(made(table, added));
-        if (added > 0 && table.read().count == count + added) {
+        if (added > 0 && table.read().size() == count + added) {
             break; // the device takes no more
         }
         ++added;
-        found = judge_rows(table, count + added, added, added);
+        outcome = judge_rows(table, count + added, added, added);
     }
-    report(table.insert_name, "every row up to the last is listed", found);
+    report(table.insert_name, "every row up to the last is listed", outcome);
     table.remove(made(table, added / 2));
-    found = added > 1 ? judge_rows(table, count + added - 1, added, added / 2)
-                      : Phrase("SKIP there are no rows of its own");
-    report(table.remove_name, "the table closes up when a row in the middle is deleted", found);
-    for (unsigned n = 0; n < added; ++n) {
+    outcome = added > 1 ? judge_rows(table, count + added - 1, added, added / 2)
+                        : Phrase("SKIP there are no rows of its own");
+    report(table.remove_name, "the table closes up when a row in the middle is deleted", outcome);
+    for (std::size_t n = 0; n < added; ++n) {
         table.remove(made(table, n));
     }
     report(table.remove_name, "the old rows are put back", judge_rows(table, count, 0, 0));

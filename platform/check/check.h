@@ -4,159 +4,131 @@
 
 #include <csignal>
 #include <cstdint>
-#include <initializer_list>
+#include <functional>
+#include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 extern bool writing;                       // the second pass, which sets what can be set
-extern volatile std::sig_atomic_t stopped; // the signal that has asked to stop, or 0
+extern volatile std::sig_atomic_t stopped; // the signal that asked to stop, or 0
 extern int tried, failed;                  // lines printed
 
-// A piece of a message, in printf's format. As what a try has found it is empty
-// when all is well, "SKIP ..." when nothing could be judged, and else a fault:
-// "expected ..., seen ...".
+// A formatted text. As the outcome of a try it is empty when all is well, "SKIP ..."
+// when nothing could be judged, or a fault: "expected ..., seen ...".
 struct Phrase {
     char chars[200] = {};
 
     Phrase() = default;
     [[gnu::format(printf, 2, 3)]] Phrase(const char* format, ...);
-    explicit operator bool() const { return chars[0] != '\0'; }
-    bool is_fault() const { return chars[0] != '\0' && chars[0] != 'S'; }
+    bool is_fault() const { return chars[0] == 'e'; }
+    bool is_skip() const { return chars[0] == 'S'; }
 };
 
-void report(const char* operation, const char* what, const Phrase& found);
+void report(const char* operation, const char* what, const Phrase& outcome);
 
 // A try of the first pass, which only reads.
-[[gnu::format(printf, 4, 5)]] void expect(bool passed, const char* operation, const char* what,
-                                          const char* fault, ...);
+void expect(bool passed, const char* operation, const char* what, const Phrase& fault);
 
-// The arguments of a call: where each is, and the number that is there.
-struct Arguments {
-    unsigned char* places[12];
-    unsigned long numbers[12];
+// An argument of a call: where it is, and the number found there.
+struct Argument {
+    void* place;
+    unsigned long number;
 };
 
 template <typename Type>
-Type argument(const Arguments& arguments, std::size_t i) {
+Type passed(const Argument& argument) {
     if constexpr (std::is_pointer_v<Type>) {
-        return reinterpret_cast<Type>(arguments.places[i]);
+        return static_cast<Type>(argument.place);
+    } else if constexpr (std::is_class_v<Type>) {
+        return *static_cast<Type*>(argument.place);
     } else {
-        return static_cast<Type>(arguments.numbers[i]);
+        return static_cast<Type>(argument.number);
     }
 }
 
 template <typename Result, typename... Types, std::size_t... I>
-int invoke(Result (*function)(Types...), const Arguments& arguments, std::index_sequence<I...>) {
+int invoke(Result (*function)(Types...), const Argument* arguments, std::index_sequence<I...>) {
     if constexpr (std::is_void_v<Result>) {
-        return function(argument<Types>(arguments, I)...), 0;
+        return function(passed<Types>(arguments[I])...), 0;
     } else {
-        return static_cast<int>(function(argument<Types>(arguments, I)...));
+        return static_cast<int>(function(passed<Types>(arguments[I])...));
     }
 }
 
-template <typename Result, typename... Types>
-int invoke(Result (*function)(Types...), const Arguments& arguments) {
-    return invoke(function, arguments, std::index_sequence_for<Types...>{});
-}
-
-template <auto function>
-int call(const Arguments& arguments) {
-    return invoke(function, arguments);
-}
-
-// For an operation whose result says nothing about success.
-template <auto function>
-int call_only(const Arguments& arguments) {
-    return invoke(function, arguments), 0;
-}
-
-// An operation takes as many of the arguments as it has parameters.
+// Takes as many of the arguments as the function has parameters.
 struct Operation {
     const char* name;
-    int (*call)(const Arguments& arguments);
+    std::function<int(const Argument*)> call;
+
+    template <typename Result, typename... Types>
+    Operation(const char* title, Result (*function)(Types...))
+        : name(title), call([function](const Argument* arguments) {
+              return invoke(function, arguments, std::index_sequence_for<Types...>());
+          }) {}
 };
 
-template <auto function>
-Operation operation(const char* name) {
-    return {name, call<function>};
-}
-
 #define NAMED(function) #function, function
-#define OPERATION(function) operation<function>(#function)
-#define GETTER(get, ...) check_getter(OPERATION(get), __VA_ARGS__)
-#define SETTING(get, set, ...) check_setting(OPERATION(get), OPERATION(set), __VA_ARGS__)
-#define VALIDATOR(accepts, ...) check_validator(NAMED(accepts), __VA_ARGS__)
+#define GETTER(get, ...) check_getter({NAMED(get)}, __VA_ARGS__)
+#define SETTING(get, set, ...) check_setting({NAMED(get)}, {NAMED(set)}, __VA_ARGS__)
 
-// The indexes that a check goes through.
+// The indexes that are read. The one after them is read too, and may fail.
 struct Range {
     unsigned first = 0;
     unsigned count = 1;
 };
 
-// First pass: a getter writes the width of its outputs and no more, twice the
-// same, and leaves them alone when it fails. It is asked for one index too many.
+// First pass: a getter writes the full width of its outputs and no more, returns the
+// same twice, and writes nothing when it fails.
 //
-// The arguments are described as "port/1# flag/1=0-1 name/30t setting/12r
-// hour@2/2=0-23 weight@4/4*8+4=1-8": name, offset in the record before it, width
-// (L is that of unsigned long), repetitions and their distance, one letter for
-// the kind, and the two values that a write tries. The letters are
+// Arguments are described as "port/1# flag/1=0-1 setting/12r hour@2/2=0-23
+// weight@4/4*8+4=1-8": a name, the offset in the last record, the width in bytes (L:
+// that of unsigned long), a count and a distance for arrays, a kind, and the two values
+// that the second pass sets. The kinds are
 //   #  the index, passed by value
-//   a  an IPv4 address as a number, a netmask when the value is 1
-//   b  bytes; a write sets each to the value
+//   a  an IPv4 address, or a netmask if the value is 1
 //   i  a number passed by value
-//   m  a text that is a mail address
+//   m  a text that holds a mail address
 //   p  an ip_addr_t
 //   r  a record, judged by its members only
-//   s  a text that is not printed
-//   t  a text, terminated when it is shorter than its width
-//   v  a list of VLANs, to which a write adds 4001, 4003 and 4005
-// and a number has none. Of a text a write tries at most its width less 1.
-void check_getter(Operation get, const char* described, Range range = {});
+//   t  a text, terminated if it is shorter than its width
+//   v  a list of VLANs, to which 4001, 4003 and 4005 are added
+// and none for a number. Texts are set to at most their width less 1.
+void check_getter(const Operation& get, const char* described, Range range = {});
 
-// The same. Second pass: what is set is read back, and the old value put back.
-void check_setting(Operation get, Operation set, const char* described, Range range = {});
+// The same. Second pass: reads back what it sets, and puts the old value back.
+void check_setting(const Operation& get, const Operation& set, const char* described,
+                   Range range = {});
 
-// A table whose rows are added and deleted.
 struct Row {
-    char name[33] = {};
-    char detail[47] = {}; // password or address, if any
-    long number = 0;      // access right, permission type or port
-};
-
-struct Rows {
-    Row list[64];
-    unsigned count = 0;
+    std::string name;
+    std::string detail; // password or address, if any
+    long number = 0;    // access right, permission or port
 };
 
 struct Table {
     const char* insert_name;
     const char* remove_name;
-    Rows (*read)();
+    std::vector<Row> (*read)();
     void (*insert)(const Row& row);
     void (*remove)(const Row& row);
-    long number; // of the rows that are added
+    Row added; // what the names and details of added rows start with
 };
 
-// Second pass: fills a table of 15 rows, deletes from its middle, and puts it back.
+// Second pass: fills a table of 15 rows, deletes from its middle, and empties it again.
 void check_table(const Table& table);
 
-Phrase shown(int value);
-Phrase shown(const char* text);
-
-// Validators accept what the device has, and refuse what no device takes.
+// A validator returns nonzero in the low 8 bits for what it accepts.
 template <typename Result, typename Value>
-void check_validator(const char* name, Result (*accepts)(Value),
-                     std::initializer_list<std::common_type_t<Value>> own,
-                     std::initializer_list<std::common_type_t<Value>> wrong) {
-    for (const Value value : own) {
-        expect(static_cast<char>(accepts(value)) != 0, name, "accepts what the device has",
-               "expected not 0 in the low 8 bits, seen 0");
-    }
-    for (const Value value : wrong) {
-        expect(static_cast<char>(accepts(value)) == 0, name, "refuses what no device takes",
-               "expected 0 in the low 8 bits for %s, seen not 0", shown(value).chars);
-    }
+void check_validator(const char* name, Result (*accepts)(Value), std::common_type_t<Value> own,
+                     std::common_type_t<Value> wrong) {
+    expect(static_cast<char>(accepts(own)) != 0, name, "accepts what the device has",
+           {"expected not 0 in the low 8 bits, seen 0"});
+    expect(static_cast<char>(accepts(wrong)) == 0, name, "refuses what no device takes",
+           {"expected 0 in the low 8 bits, seen not 0"});
 }
+
+#define VALIDATOR(accepts, own, wrong) check_validator(NAMED(accepts), own, wrong)
 
 // The nth number from 0 that a validator accepts, or the last if there are fewer.
 template <typename Result>
@@ -171,14 +143,14 @@ int accepted(Result (*accepts)(int), int nth) {
     return found;
 }
 
-// An output with room behind it, for a getter that writes too much.
+// An output with room after it, for a getter that writes too much.
 template <typename Value>
 struct Roomy {
     Value value = {};
     unsigned char room[64] = {};
 };
 
-// What a getter of one output reads.
+// What a getter with one output reads.
 template <typename Result, typename Value>
 Value value_of(Result (*get)(Value*)) {
     Roomy<Value> output;

@@ -10,7 +10,7 @@ namespace {
 template <typename Mask>
 void judge_mask(const char* name, const char* what, const Mask& mask, uint32_t low, uint32_t high) {
     expect(mask.ulMask[0] == low && mask.ulMask[1] == high, name, what,
-           "expected words %x and %x, seen %x and %x", low, high, mask.ulMask[0], mask.ulMask[1]);
+           {"expected words %x and %x, seen %x and %x", low, high, mask.ulMask[0], mask.ulMask[1]});
 }
 
 template <typename Mask>
@@ -19,7 +19,7 @@ void check_mask(const char* clear_name, void (*clear)(Mask*), const char* set_na
     Mask mask = {{~0U, ~0U}};
     clear(&mask);
     judge_mask(clear_name, "empties both words", mask, 0, 0);
-    for (const int port : {0, 31, 32, 63, 64, 255}) {
+    for (const unsigned port : {0U, 31U, 32U, 63U, 64U, 255U}) {
         set(&mask, static_cast<uint8_t>(port));
     }
     judge_mask(set_name, "adds ports 0, 31, 32 and 63, and not 64 or 255", mask, 0x80000001,
@@ -47,45 +47,38 @@ void check_masks() {
     judge_mask("U_PPortMaskOr", "unites both words", result, 0x80000301, 0x80000010);
 }
 
-struct Name {
-    char chars[17] = {};
-
-    explicit Name(int id) { U_TrkLId2LogicId(chars, static_cast<uint8_t>(id)); }
-};
-
-// On port type 1, backup asks the EEPROM for each fibre port, and check looks for
-// the keys of Port7 and Port8.
-void check_fibre_port(uint8_t port) {
-    const bool is_expected = port == 6 || port == 7;
-    const int mode = U_PortGetMode(port);
-    expect((mode == LAN_PORT_MODE_FIBER) == is_expected, "U_PortGetMode",
-           "ports 7 and 8 are fibre and no others, on port type 1", "expected %s 3 for %d, seen %d",
-           is_expected ? "mode" : "a mode other than", port + 1, mode);
-    expect(!is_expected || std::strcmp(Name(port).chars, Phrase("Port%d", port + 1).chars) == 0,
-           "U_TrkLId2LogicId", "ports 7 and 8 are named Port7 and Port8, on port type 1",
-           "expected Port%d, seen %s", port + 1, Name(port).chars);
+std::string name_of(int id) {
+    Roomy<char[17]> name;
+    U_TrkLId2LogicId(name.value, static_cast<uint8_t>(id));
+    return name.value;
 }
 
-void fibre_speed(int entry, int* speed) {
-    *speed = get_eeprom_fiber_speed(entry);
-}
-
-int set_speeds(int entry, int speed) {
-    set_fiber_speed(entry + 5, speed);
-    return set_eeprom_fiber_speed(entry, speed);
-}
-
+// With port type 1, backup asks the EEPROM about each fibre port, and check wants the keys
+// of Port7 and Port8.
 void check_fibre_ports() {
     for (uint8_t port = 0; port < g_ucMaxPhyPort || port < 8; ++port) {
-        check_fibre_port(port);
+        const bool is_fibre = port == 6 || port == 7;
+        const int mode = U_PortGetMode(port);
+        expect((mode == LAN_PORT_MODE_FIBER) == is_fibre, "U_PortGetMode",
+               "ports 7 and 8 are fibre and no others, on port type 1",
+               {"expected %s 3 for %d, seen %d", is_fibre ? "mode" : "another than", port, mode});
     }
-    VALIDATOR(Usrmacsec_check_fiber_speed,
-              {get_eeprom_fiber_speed(1) & 0xffff, get_eeprom_fiber_speed(2) & 0xffff},
-              {-2, 1000000});
+    expect(name_of(6) == "Port7" && name_of(7) == "Port8", "U_TrkLId2LogicId",
+           "ports 7 and 8 are named Port7 and Port8, on port type 1",
+           {"expected Port7 and Port8, seen %s and %s", name_of(6).c_str(), name_of(7).c_str()});
+    for (const int entry : {1, 2}) {
+        VALIDATOR(Usrmacsec_check_fiber_speed, get_eeprom_fiber_speed(entry) & 0xffff, 1000000);
+    }
     const Phrase parts("entry/4# speed/4=%d-%d", accepted(Usrmacsec_check_fiber_speed, 0),
                        accepted(Usrmacsec_check_fiber_speed, 1));
-    check_setting({"get_eeprom_fiber_speed", call<fibre_speed>},
-                  {"set_eeprom_fiber_speed", call<set_speeds>}, parts.chars, {1, 2});
+    check_setting({"get_eeprom_fiber_speed",
+                   +[](int entry, int* speed) { *speed = get_eeprom_fiber_speed(entry); }},
+                  {"set_eeprom_fiber_speed",
+                   +[](int entry, int speed) {
+                       set_fiber_speed(entry + 5, speed);
+                       return set_eeprom_fiber_speed(entry, speed);
+                   }},
+                  parts.chars, {1, 2});
 }
 
 unsigned short set_enabled(uint8_t port, char enabled) {
@@ -100,21 +93,21 @@ void check_ports_and_masks() {
     const unsigned ports = g_ucMaxPhyPort;
     const unsigned ids = g_ucMaxLogicPort;
     expect(ports > 0 && ids >= ports, "port_init", "sets the counts",
-           "expected a port or more, and no fewer logical ones, seen %u and %u", ports, ids);
+           {"expected a port or more, and no fewer logical ones, seen %u and %u", ports, ids});
     check_masks();
     GETTER(U_TrkLId2LogicId, "name/16t id/1#", {0, ids});
     for (int id = 1; id < g_ucMaxLogicPort; ++id) {
-        expect(std::strcmp(Name(id - 1).chars, Name(id).chars) != 0, "U_TrkLId2LogicId",
-               "each id has a name of its own", "expected %d to differ from the id before, seen %s",
-               id, Name(id).chars);
+        expect(name_of(id - 1) != name_of(id), "U_TrkLId2LogicId", "each id has its own name",
+               {"expected %d unlike the id before, seen %s", id, name_of(id).c_str()});
     }
-    GETTER(U_TrkLId2PMask, "members/8b id/1#", {ports, ids > ports ? ids - ports : 0});
-    check_setting(OPERATION(U_FlshPortGetEbl), {"U_PortSetEbl", call<set_enabled>},
-                  "port/1# flag/1=0-1", {0, ports});
-    VALIDATOR(Usrflsh_check_port_enable_status, {0, 1}, {100, -100});
+    GETTER(U_TrkLId2PMask, "members/8 id/1#", {ports, ids > ports ? ids - ports : 0});
+    check_setting({NAMED(U_FlshPortGetEbl)}, {"U_PortSetEbl", set_enabled}, "port/1# flag/1=0-1",
+                  {0, ports});
+    VALIDATOR(Usrflsh_check_port_enable_status, 0, 100);
+    VALIDATOR(Usrflsh_check_port_enable_status, 1, -100);
     const int type = get_eeprom_macsec_port_type();
     expect(type >= 0 && type <= 255, "get_eeprom_macsec_port_type", "is a byte",
-           "expected 0 to 255, seen %d", type);
+           {"expected 0 to 255, seen %d", type});
     if (type == 1) {
         check_fibre_ports();
     }

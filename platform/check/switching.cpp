@@ -46,16 +46,14 @@ void check_rstp() {
     SETTING(U_StpGetEbl, U_StpSetEbl, "flag/1=0-1");
     SETTING(U_StpGetForceVersion, U_StpSetForceVersion, "version/1=0-2");
     SETTING(U_StpGetPriority, U_StpSetPriority, "priority/2=4096-61440");
-    check_setting(OPERATION(U_FlshStpGetBpduGuardCfg),
-                  {"U_StpSetBpduGuardCfg", call<set_bpdu_guard>},
+    check_setting({NAMED(U_FlshStpGetBpduGuardCfg)}, {"U_StpSetBpduGuardCfg", set_bpdu_guard},
                   "guard/8r flag@0/1=0-1 interval@4/4=30-300");
     SETTING(U_FlshStpGetPortEdge, U_FlshStpSetPortEdge, "port/1# flag/1=0-1", ports);
     SETTING(U_FlshStpGetPortNonstp, U_StpSetPortNonstp, "port/1# flag/1=0-1", ports);
-    check_setting({"U_FlshStpGetBpduGuardPortState", call<bpdu_guard>},
-                  {"U_StpSetPortBpduGuardEbl", call<set_port_bpdu_guard>},
+    check_setting({"U_FlshStpGetBpduGuardPortState", bpdu_guard},
+                  {"U_StpSetPortBpduGuardEbl", set_port_bpdu_guard},
                   "port/1# state/3r flag@1/1=0-1", ports);
-    check_setting({"stp_rstp_getFromFlash", call<protection>},
-                  {"stp_rstp_setToFlash", call<set_protection>},
+    check_setting({"stp_rstp_getFromFlash", protection}, {"stp_rstp_setToFlash", set_protection},
                   "flags/102r bpdu-filter@0/1=0-1 root-guard@1/1=0-1 port/1#", ports);
 }
 
@@ -73,8 +71,7 @@ void check_port_security() {
     const Phrase parts("security/194r action@1/1*%d+6=0-1 limit@4/2*%d+6=1-128 flag@192/1=0-1",
                        ports, ports);
     SETTING(U_FlshPortSecMacGet, U_FlshPortSecMacSet, parts.chars);
-    check_setting(OPERATION(U_FlshPortSecMacGet), {"U_PortSecSwitchMac", call<switch_ports>},
-                  parts.chars);
+    check_setting({NAMED(U_FlshPortSecMacGet)}, {"U_PortSecSwitchMac", switch_ports}, parts.chars);
 }
 
 unsigned short insert_rule(uint32_t, TstFlshAcl* rule) {
@@ -87,9 +84,9 @@ void check_rules() {
         Roomy<TstFlshAcl> rule;
         if (U_FlshGetAcl(slot, &rule.value) == 0 && rule.value.usIndex != 0) {
             check_setting(
-                OPERATION(U_FlshGetAcl), {"U_AclInsRule", call<insert_rule>},
-                "slot/4# rule/72r name@2/32t conditions@36/4=1-65 mac@40/6b=2-254 "
-                "mac-mask@46/6b=255-254 ip@52/4a ip-mask@56/4a=1 ports@60/4=1-3 policy@68/4=1-2",
+                {NAMED(U_FlshGetAcl)}, {"U_AclInsRule", insert_rule},
+                "slot/4# rule/72r name@2/32t conditions@36/4=1-65 mac@40/1*6=2-254 "
+                "mac-mask@46/1*6=255-254 ip@52/4a ip-mask@56/4a=1 ports@60/4=1-3 policy@68/4=1-2",
                 {slot});
         }
     }
@@ -136,17 +133,18 @@ void check_verdict(const char* what, int expected, int role, const char* more) {
     std::strncat(list, more + (list[0] == '\0' && more[0] == ',' ? 1 : 0),
                  1023 - strnlen(list, 1023));
     const int verdict = check_vlans(&data);
-    expect(verdict == expected, "check_vlan_data", what, "expected %d, seen %d", expected, verdict);
+    expect(verdict == expected, "check_vlan_data", what,
+           {"expected %d, seen %d", expected, verdict});
 }
 
 void check_vlan_header() {
-    GETTER(get_vlan_data, "data/8256r role@0/4*8+4 list@64/1024*8+1024t");
+    GETTER(get_vlan_data, "data/8256r role@0/4*8 list@64/1024*8t");
     const unsigned management = value_of(U_VlanGetMgnVlanId);
     unsigned other = 1;
     while (other < 4094 && (other == management || !has_vlan(other))) {
         ++other;
     }
-    GETTER(U_VlanGetSttcEntry, "id/2# members/8b tagged/8b protocol/2", {management, 1});
+    GETTER(U_VlanGetSttcEntry, "id/2# members/8 tagged/8 protocol/2", {management, 1});
     check_verdict("accepts the device's own", 0, -1, "");
     check_verdict("finds a role that is neither", VLAN_DATA_ROLE, 2, "");
     check_verdict("finds an access port in two VLANs", VLAN_DATA_ACCESS_LIST, 0, ",4093,4094");
@@ -156,7 +154,7 @@ void check_vlan_header() {
     const Phrase parts(
         "data/8256r role@%d/4=1-1 list@%d/1024v first/1=1-1 second/1=1-0 third/1=1-1", 4 * port,
         64 + 1024 * port);
-    check_setting({"get_vlan_data", call<vlans>}, {"set_vlan_data", call<set_vlans>}, parts.chars);
+    check_setting({"get_vlan_data", vlans}, {"set_vlan_data", set_vlans}, parts.chars);
     SETTING(U_VlanGetMgnVlanId, U_FlshVlanSetMgnVlanId,
             Phrase("id/2=%u-%u", management, has_vlan(other) ? other : management).chars);
     SETTING(U_FlshVlanGetPortBasedEntry, U_FlshVlanSetPortBasedEntry,
@@ -172,7 +170,7 @@ void check_switching() {
     SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode,
             "mode/40r sch@0/2=0-0 weight@4/4*8=1-8 classify@36/4=1-3");
     SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode, "mode/40r sch@0/2=0-7");
-    SETTING(U_QosGetcosqueuemapping, U_QosSetcosqueuemapping, "queues/8b=1-6");
-    SETTING(U_QosGetdscpmapping, U_QosSetdscpmapping, "values/64b=1-6");
+    SETTING(U_QosGetcosqueuemapping, U_QosSetcosqueuemapping, "queues/8r queue@0/1*8=1-6");
+    SETTING(U_QosGetdscpmapping, U_QosSetdscpmapping, "values/64r value@0/1*64=1-6");
     check_port_security();
 }

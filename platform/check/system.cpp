@@ -15,7 +15,7 @@ void check_texts(const char* name, unsigned short (*validate)(Texts...), bool is
                  Texts... texts) {
     const unsigned short code = validate(texts...);
     expect((code == 0) == is_good, name, is_good ? "accepts what is right" : "refuses what is not",
-           "expected %s, seen %u", is_good ? "0" : "a code", code);
+           {"expected %s, seen %u", is_good ? "0" : "a code", code});
 }
 
 void check_address_validators() {
@@ -40,21 +40,16 @@ unsigned short lldp_state(unsigned char* state) {
 }
 
 // No port is -1, and is read as 65535.
-unsigned short set_mirror(char state, unsigned char mode, unsigned short analyzer,
-                          unsigned short monitored) {
-    return U_FwdSetPortMirror(state, mode, static_cast<int16_t>(analyzer),
-                              static_cast<int16_t>(monitored));
-}
-
-void serial_port(int* flag) {
-    *flag = get_eeprom_serial_port();
+unsigned short set_mirror(char state, unsigned char mode, int16_t analyzer, int16_t monitored) {
+    return U_FwdSetPortMirror(state, mode, analyzer, monitored);
 }
 
 } // namespace
 
 void check_system() {
-    check_getter({"get_full_model_name", call_only<get_full_model_name>}, "name/33t");
-    GETTER(U_SysGetMac, "address/6b");
+    check_getter({"get_full_model_name", +[](char* name) { get_full_model_name(name); }},
+                 "name/33t");
+    GETTER(U_SysGetMac, "address/6");
     GETTER(U_SysGetFirmwareVer, "major/1 minor/1 date/L");
     SETTING(U_FlshSysInfoGetName, U_FlshSysInfoSetName, "name/30t size/1i=30");
     SETTING(U_FlshSysGetDhcp, U_FlshSysSetDhcp, "flag/1=0-1");
@@ -63,16 +58,16 @@ void check_system() {
     SETTING(U_FlshSysGetDNSIp, U_FlshSysSetDNSIp, "server/2i=1 address/La");
     check_address_validators();
     GETTER(U_LldpGetEnable, "state/1");
-    check_setting({"U_LldpGetEnable", call<lldp_state>}, OPERATION(U_LldpSetEnable), "state/1=3-1");
+    check_setting({"U_LldpGetEnable", lldp_state}, {NAMED(U_LldpSetEnable)}, "state/1=3-1");
     SETTING(U_FlshHTTPSGet, U_FlshHTTPSSet, "flag/1=0-1");
-    check_setting(OPERATION(U_FwdGetPortMirror), {"U_FwdSetPortMirror", call<set_mirror>},
+    check_setting({NAMED(U_FwdGetPortMirror)}, {"U_FwdSetPortMirror", set_mirror},
                   "state/1=1-1 mode/1=3-3 analyzer/2=0-1 monitored/2=1-0");
-    check_setting({"get_eeprom_serial_port", call<serial_port>}, OPERATION(set_eeprom_serial_port),
-                  "flag/4=0-1");
+    check_setting({"get_eeprom_serial_port", +[](int* flag) { *flag = get_eeprom_serial_port(); }},
+                  {NAMED(set_eeprom_serial_port)}, "flag/4=0-1");
     SETTING(U_GetPeriodicSetting, U_SetPeriodicSetting,
             "setting/12r backUp@0/1=0-1 hour@2/2=0-23 minute@4/2=0-59 server@8/4a");
     SETTING(U_FlshSysGetEmailPort, U_SysSetEmailPort,
-            Phrase("codes/32r ports@0/%db=1-3", g_ucMaxPhyPort < 32 ? g_ucMaxPhyPort : 32).chars);
-    SETTING(U_FlshSysGetEmailPower, U_SysSetEmailPower, "codes/2b=1-2");
+            Phrase("codes/32r port@0/1*%d=1-3", g_ucMaxPhyPort < 32 ? g_ucMaxPhyPort : 32).chars);
+    SETTING(U_FlshSysGetEmailPower, U_SysSetEmailPower, "codes/2r power@0/1*2=1-2");
     SETTING(U_SysGetEmailSyslog, U_SysSetEmailSyslog, "level/1=7-100");
 }
