@@ -80,7 +80,7 @@ struct Part {
 // is zero, so that every text ends.
 struct Memory {
     std::vector<Part> parts;
-    unsigned char bytes[40 * 1024];
+    unsigned char bytes[48 * 1024];
 
     Memory(const char* described, unsigned char fill, unsigned index);
     unsigned char* at(const Part& part) { return bytes + part.place; }

@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -120,15 +121,23 @@ void check_table(const Table& table);
 
 // A validator returns nonzero in the low 8 bits for what it accepts.
 template <typename Result, typename Value>
-void check_validator(const char* name, Result (*accepts)(Value), std::common_type_t<Value> own,
-                     std::common_type_t<Value> wrong) {
-    expect(static_cast<char>(accepts(own)) != 0, name, "accepts what the device has",
-           {"expected not 0 in the low 8 bits, seen 0"});
-    expect(static_cast<char>(accepts(wrong)) == 0, name, "refuses what no device takes",
-           {"expected 0 in the low 8 bits, seen not 0"});
+void check_validator(const char* name, Result (*accepts)(Value),
+                     std::initializer_list<std::common_type_t<Value>> own,
+                     std::initializer_list<std::common_type_t<Value>> wrong) {
+    for (const Value value : own) {
+        expect(static_cast<char>(accepts(value)) != 0, name, "accepts what the device has",
+               {"expected not 0 in the low 8 bits, seen 0"});
+    }
+    for (const Value& value : wrong) {
+        expect(static_cast<char>(accepts(value)) == 0, name, "refuses what no device takes",
+               {"expected 0 in the low 8 bits for wrong value %td, seen not 0",
+                &value - wrong.begin()});
+    }
 }
 
-#define VALIDATOR(accepts, own, wrong) check_validator(NAMED(accepts), own, wrong)
+#define ACCEPTS(accepts, ...) check_validator(NAMED(accepts), {__VA_ARGS__}, {})
+#define REFUSES(accepts, ...) check_validator(NAMED(accepts), {}, {__VA_ARGS__})
+#define VALIDATOR(accepts, own, ...) check_validator(NAMED(accepts), {own}, {__VA_ARGS__})
 
 // The nth number from 0 that a validator accepts, or the last if there are fewer.
 template <typename Result>

@@ -71,6 +71,9 @@ void check_users() {
     const unsigned count = value_of(U_SnmpGetUsmSize);
     GETTER(U_FlshSnmpGetUsmEntry, "row/2# name/16t protocol/1 password/32t privacy/1 key/32t",
            {0, count});
+    REFUSES(Usrflsh_check_snmpV3_userName, long_text);
+    REFUSES(Usrflsh_check_snmpV3_authentication_password, "0123", long_text);
+    REFUSES(Usrflsh_check_snmpV3_encryption_key, "0123", long_text);
     for (uint16_t i = 0; i < count; ++i) {
         char name[17] = {};
         char secrets[2][33] = {};
@@ -79,9 +82,9 @@ void check_users() {
         U_FlshSnmpGetUsmEntry(i, name, &protocols[0], secrets[0], &protocols[1], secrets[1]);
         encrypt_snmp_key(secrets[0], encrypted[0]);
         encrypt_snmp_key(secrets[1], encrypted[1]);
-        VALIDATOR(Usrflsh_check_snmpV3_userName, name, long_text);
-        VALIDATOR(Usrflsh_check_snmpV3_authentication_password, encrypted[0], long_text);
-        VALIDATOR(Usrflsh_check_snmpV3_encryption_key, encrypted[1], "0123");
+        ACCEPTS(Usrflsh_check_snmpV3_userName, name);
+        ACCEPTS(Usrflsh_check_snmpV3_authentication_password, encrypted[0]);
+        ACCEPTS(Usrflsh_check_snmpV3_encryption_key, encrypted[1]);
     }
 }
 
@@ -99,16 +102,16 @@ void check_snmp() {
            {0, value_of(U_SnmpGetCommunitySize)});
     GETTER(U_SnmpGetTrapIpv6Entry, "row/2# address/20p port/2 community/16t", receivers);
     GETTER(U_FlshSnmpGetTrapIpv6Entry, "row/2# address/20p port/2 community/16t", receivers);
-    VALIDATOR(Usrsnmp_check_snmp_enable, value_of(U_SnmpGetEbl), 100);
-    VALIDATOR(Usrflsh_check_snmp_version, value_of(U_FlshSnmpGetVer), 256);
-    VALIDATOR(Usrflsh_check_snmp_trap_mode, value_of(U_FlshSnmpGetMode), 256);
+    VALIDATOR(Usrsnmp_check_snmp_enable, value_of(U_SnmpGetEbl), -2, 100);
+    VALIDATOR(Usrflsh_check_snmp_version, value_of(U_FlshSnmpGetVer), -2, 256);
+    VALIDATOR(Usrflsh_check_snmp_trap_mode, value_of(U_FlshSnmpGetMode), -2, 256);
     for (const Row& row : read_communities()) {
         VALIDATOR(Usrsnmp_check_community_string, row.name.c_str(), long_text);
-        VALIDATOR(Usrsnmp_check_community_permission_type, static_cast<int>(row.number), 256);
+        VALIDATOR(Usrsnmp_check_community_permission_type, static_cast<int>(row.number), -2, 256);
     }
     for (const Row& row : read_receivers()) {
         VALIDATOR(Usrsnmp_check_trap_server_ip, row.detail.c_str(), "not an address");
-        VALIDATOR(Usrsnmp_check_trap_server_port, static_cast<int>(row.number), 65536);
+        VALIDATOR(Usrsnmp_check_trap_server_port, static_cast<int>(row.number), -2, 65536);
         VALIDATOR(Usrsnmp_check_trap_community_string, row.name.c_str(), long_text);
     }
     check_tables();
@@ -138,9 +141,9 @@ void check_modbus() {
     check_setting({NAMED(U_SysGetModbusPort)}, {"U_SysSetModbusPort", set_modbus_port},
                   "port/L=503-65535");
     const auto port = static_cast<int>(value_of(U_SysGetModbusPort));
-    VALIDATOR(Usrmodbus_check_modbus_addr, value_of(U_SysGetModbusAddr), 256);
-    VALIDATOR(Usrmodbus_check_modbus_enable, value_of(U_SysGetModbusEnabled), 100);
-    VALIDATOR(Usrmodbus_check_modbus_port, port, 65536);
+    VALIDATOR(Usrmodbus_check_modbus_addr, value_of(U_SysGetModbusAddr), -2, 256);
+    VALIDATOR(Usrmodbus_check_modbus_enable, value_of(U_SysGetModbusEnabled), -2, 100);
+    VALIDATOR(Usrmodbus_check_modbus_port, port, -2, 65536);
 }
 
 void check_system_log() {
@@ -152,11 +155,11 @@ void check_system_log() {
     char text[64] = {};
     Ui_SysLogFlashConfig(&numbers[0], &numbers[1], &numbers[2], &address, &port);
     ip_to_str(text, address);
-    VALIDATOR(Usrsyslog_check_log_event_to_flash_status, numbers[0], 100);
-    VALIDATOR(Usrsyslog_check_log_level, numbers[1], 256);
-    VALIDATOR(Usrsyslog_check_system_log_server_status, numbers[2], 100);
-    VALIDATOR(Usrsyslog_check_system_log_server_ip, text, "256.1.1.1");
-    VALIDATOR(Usrsyslog_check_system_log_server_port, port, 65536);
+    VALIDATOR(Usrsyslog_check_log_event_to_flash_status, numbers[0], -2, 100);
+    VALIDATOR(Usrsyslog_check_log_level, numbers[1], -2, 256);
+    VALIDATOR(Usrsyslog_check_system_log_server_status, numbers[2], -2, 100);
+    VALIDATOR(Usrsyslog_check_system_log_server_ip, text, "not an address", "256.1.1.1");
+    VALIDATOR(Usrsyslog_check_system_log_server_port, port, -2, 65536);
 }
 
 } // namespace

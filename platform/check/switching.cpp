@@ -118,6 +118,15 @@ int check_vlans(vlan_data_t* data) {
     return check_vlan_data(data, work.message, work.table, work.removals);
 }
 
+// A getter of the buffers, for the guard bytes around them.
+void check_buffers(vlan_data_t* data, char* message, TstFlshVlanEntry* table, int32_t* removals) {
+    std::memset(message, 0, sizeof work.message);
+    std::memset(table, 0, sizeof work.table);
+    std::memset(removals, 0, sizeof work.removals);
+    get_vlan_data(data);
+    check_vlan_data(data, message, table, removals);
+}
+
 int set_vlans(vlan_data_t* data) {
     const int verdict = check_vlans(data);
     set_vlan_data(data, work.message, work.table, work.removals, 1);
@@ -145,6 +154,8 @@ void check_vlan_header() {
         ++other;
     }
     GETTER(U_VlanGetSttcEntry, "id/2# members/8 tagged/8 protocol/2", {management, 1});
+    check_getter({"check_vlan_data", check_buffers},
+                 "data/8256r message/100r table/28672r removals/2048r");
     check_verdict("accepts the device's own", 0, -1, "");
     check_verdict("finds a role that is neither", VLAN_DATA_ROLE, 2, "");
     check_verdict("finds an access port in two VLANs", VLAN_DATA_ACCESS_LIST, 0, ",4093,4094");

@@ -28,10 +28,10 @@ int calls = 0;
 } // namespace
 
 // An operation that does something else when it is the faulty one.
-#define FAULTY(type, operation, parameters, arguments, ...)                                        \
+#define FAULTY(operation, parameters, arguments, ...)                                              \
     extern "C" decltype(operation) real_##operation asm("__real_" #operation);                     \
     extern "C" decltype(operation) wrap_##operation asm("__wrap_" #operation);                     \
-    type wrap_##operation parameters {                                                             \
+    auto wrap_##operation parameters->decltype(real_##operation arguments) {                       \
         if (std::strncmp(fault, #operation, sizeof #operation - 1) == 0) {                         \
             __VA_ARGS__                                                                            \
         }                                                                                          \
@@ -39,93 +39,90 @@ int calls = 0;
     }
 
 // Getters of another width, and one whose value changes.
-FAULTY(unsigned short, U_StpGetPriority, (uint16_t * value), (value), value[1] = 0;)
-FAULTY(unsigned short, U_SysGetModbusPort, (unsigned long* value), (value),
+FAULTY(U_StpGetPriority, (uint16_t * value), (value), value[1] = 0;)
+FAULTY(U_SysGetModbusPort, (unsigned long* value), (value),
        *reinterpret_cast<uint16_t*>(value) = 502;
        return 0;)
-FAULTY(unsigned short, U_SysGetFirmwareVer,
-       (unsigned char* major, unsigned char* minor, unsigned long* date), (major, minor, date),
-       *minor = 0;
+FAULTY(U_SysGetFirmwareVer, (unsigned char* major, unsigned char* minor, unsigned long* date),
+       (major, minor, date), *minor = 0;
        *date = 0; *major = static_cast<unsigned char>(++calls); return 0;)
 
 // A text without its terminator, and one that goes beyond its size.
-FAULTY(unsigned short, U_FlshSmtpGetServer, (uint8_t * server, uint8_t size), (server, size),
+FAULTY(U_FlshSmtpGetServer, (uint8_t * server, uint8_t size), (server, size),
        std::memcpy(server, "mail", 4);
        return 0;)
-FAULTY(unsigned short, U_FlshDot1xGetRdsId, (char* text, uint8_t size), (text, size),
+FAULTY(U_FlshDot1xGetRdsId, (char* text, uint8_t size), (text, size),
        std::memset(text, 0, size + 1U);
        return 0;)
 
 // Getters that write although they fail.
-FAULTY(unsigned short, U_SnmpGetCommunityEntry,
-       (uint16_t row, uint8_t* permission, char* community), (row, permission, community),
-       *permission = 0;)
-FAULTY(int, str_to_ip, (unsigned long* address, const char* text), (address, text), *address = 1;)
+FAULTY(U_SnmpGetCommunityEntry, (uint16_t row, uint8_t* permission, char* community),
+       (row, permission, community), *permission = 0;)
+FAULTY(str_to_ip, (unsigned long* address, const char* text), (address, text), *address = 1;)
 
 // Validators turned round, always content, and with a verdict above the low 8 bits.
-FAULTY(char, Usrmodbus_check_modbus_port, (int port), (port),
+FAULTY(Usrmodbus_check_modbus_port, (int port), (port),
        return real_Usrmodbus_check_modbus_port(port) == 0;)
-FAULTY(int, Usrsyslog_check_log_level, (int level), (level), return level >= -1;)
-FAULTY(int, Usrmacsec_check_fiber_speed, (int speed), (speed), return speed * 256;)
-FAULTY(int, check_vlan_data,
-       (vlan_data_t * data, char* message, TstFlshVlanEntry* table, void* removals),
-       (data, message, table, removals), data->portrole[0] &= 1;)
+FAULTY(Usrsyslog_check_log_level, (int level), (level), return level >= -1;)
+FAULTY(Usrmacsec_check_fiber_speed, (int speed), (speed), return speed * 256;)
+FAULTY(
+    check_vlan_data, (vlan_data_t * data, char* message, TstFlshVlanEntry* table, void* removals),
+    (data, message, table, removals), data->portrole[0] &= 1;
+    if (fault[15] != '\0') { table[512].usVlanId = 1; })
 
 // One converter of a pair with its bytes the other way round, and one that loses a byte.
-FAULTY(void, ip_to_str, (char* text, unsigned long address), (text, address),
+FAULTY(ip_to_str, (char* text, unsigned long address), (text, address),
        return real_ip_to_str(text, __builtin_bswap32(static_cast<uint32_t>(address)));)
-FAULTY(int, str_to_mac, (unsigned char* mac, const char* text), (mac, text),
+FAULTY(str_to_mac, (unsigned char* mac, const char* text), (mac, text),
        const int result = real_str_to_mac(mac, text);
        mac[5] = 0; return result;)
 
 // Secrets: an AES that does nothing, other padding, and digits that are none.
-FAULTY(void, AES_ECB_encrypt, (const AES_ctx* context, uint8_t* block), (context, block), return;)
-FAULTY(void, _pkcs7pad, (uint8_t * block), (block), return;)
+FAULTY(AES_ECB_encrypt, (const AES_ctx* context, uint8_t* block), (context, block), return;)
+FAULTY(_pkcs7pad, (uint8_t * block), (block), return;)
 FAULTY(
-    void, hexstr_to_byte, (char* bytes, const char* text), (bytes, text),
+    hexstr_to_byte, (char* bytes, const char* text), (bytes, text),
     for (unsigned value; std::sscanf(text, "%2x", &value) == 1;
          text += strnlen(text, 2)) { *bytes++ = static_cast<char>(value); } return;)
-FAULTY(int, usrutil_hexStrToHexValue, (const unsigned char* text, unsigned char* bytes, int length),
+FAULTY(usrutil_hexStrToHexValue, (const unsigned char* text, unsigned char* bytes, int length),
        (text, bytes, length), char digits[33] = {};
        std::memcpy(digits, text, static_cast<unsigned>(2 * length)); digits[2 * length - 1] = '0';
        return real_usrutil_hexStrToHexValue(reinterpret_cast<unsigned char*>(digits), bytes,
                                             length);)
 
 // A second word that is ignored, trunks that share a name, other names and modes of ports.
-FAULTY(void, U_LPortMaskSetPort, (TstLPortMask * mask, uint8_t port), (mask, port),
+FAULTY(U_LPortMaskSetPort, (TstLPortMask * mask, uint8_t port), (mask, port),
        return real_U_LPortMaskSetPort(mask, port % 32);)
-FAULTY(void, U_PPortMaskOr,
+FAULTY(U_PPortMaskOr,
        (TstPPortMask * destination, const TstPPortMask* first, const TstPPortMask* second),
        (destination, first, second), destination->ulMask[0] = first->ulMask[0] | second->ulMask[0];
        return;)
 FAULTY(
-    uint16_t, U_TrkLId2LogicId, (char* name, uint8_t id), (name, id),
+    U_TrkLId2LogicId, (char* name, uint8_t id), (name, id),
     const bool is_trunk = fault[16] == '\0'; // else the fault is that of Port7
     id = is_trunk && id > 8 ? 8 : id; if (!is_trunk && id == 6) { id = 9; })
-FAULTY(uint16_t, U_TrkLId2PMask, (TstPPortMask * members, uint8_t id), (members, id),
-       members->ulMask[0] = id;
+FAULTY(U_TrkLId2PMask, (TstPPortMask * members, uint8_t id), (members, id), members->ulMask[0] = id;
        return 0;)
-FAULTY(uint8_t, U_PortGetMode, (uint8_t port), (port), port = port == 4 ? 6 : port;)
+FAULTY(U_PortGetMode, (uint8_t port), (port), port = port == 4 ? 6 : port;)
 
 // Setters: without effect, with effect once only, cut, and one that leaves a hole in a table.
-FAULTY(unsigned short, U_StpSetForceVersion, (uint8_t version), (version), (void)version; return 0;)
+FAULTY(U_StpSetForceVersion, (uint8_t version), (version), (void)version; return 0;)
 FAULTY(
-    unsigned short, U_FlshHTTPSSet, (char enabled), (enabled), if (++calls > 1) { return 0; })
-FAULTY(unsigned short, U_Dot1xSetTimeoutReauth, (uint32_t seconds), (seconds), seconds &= 0xff;)
-FAULTY(unsigned short, U_SnmpDelCommunity, (const char* community), (community),
-       real_U_SnmpDelCommunity(community);
+    U_FlshHTTPSSet, (char enabled), (enabled), if (++calls > 1) { return 0; })
+FAULTY(U_Dot1xSetTimeoutReauth, (uint32_t seconds), (seconds), seconds &= 0xff;)
+FAULTY(U_SnmpDelCommunity, (const char* community), (community), real_U_SnmpDelCommunity(community);
        return U_SnmpInsCommunity(0, "");)
 FAULTY(
-    void, account_deleteFromFlash, (const account_t* account, account_err_t* error),
-    (account, error), char name[33] = "";
+    account_deleteFromFlash, (const account_t* account, account_err_t* error), (account, error),
+    char name[33] = "";
     account_decryptUsername(account, name, 32, error); if (name[0] == '\0') { return; })
 
 // A signal in the middle of a table: not a fault of the library.
 FAULTY(
-    unsigned short, U_SnmpInsCommunity, (uint8_t permission, const char* community),
-    (permission, community), if (++calls == 5) { std::raise(SIGTERM); })
+    U_SnmpInsCommunity, (uint8_t permission, const char* community), (permission, community),
+    if (++calls == 5) { std::raise(SIGTERM); })
 
 // A key that changes when the configuration is loaded.
 extern "C" uint8_t wrap_key[32] asm("__wrap_key");
 uint8_t wrap_key[32] = {1};
-FAULTY(int, initdef, (), (), wrap_key[0] = 2;)
+FAULTY(initdef, (), (), wrap_key[0] = 2;)
