@@ -6,12 +6,23 @@
 
 namespace {
 
+// A library that writes fewer bytes of the number leaves high bits set.
+bool is_same(const unsigned long (&values)[2], bool) {
+    return values[0] == values[1] && values[0] <= 0xffffffff;
+}
+
+bool is_same(const ip_addr_t (&values)[2], bool is_ipv6) {
+    return values[0].type == values[1].type &&
+           std::memcmp(values[0].addr.v6u8, values[1].addr.v6u8, is_ipv6 ? 16 : 4) == 0;
+}
+
 // An IPv4 address is written as it was read. IPv6 has several texts for an address: it is
 // read back as the same.
 template <typename Value, typename Written>
 void check_pair(const char* name, const char* given, std::size_t width, Written write,
                 int (*read)(Value*, const char*)) {
-    Value values[2] = {};
+    Value values[2];
+    std::memset(values, 0xff, sizeof values);
     std::string text(128, '\x96');
     const int result = read(&values[0], given);
     const bool is_ipv6 = std::strchr(given, ':') != nullptr;
@@ -21,10 +32,9 @@ void check_pair(const char* name, const char* given, std::size_t width, Written 
     write(text.data(), values[0]);
     const bool fits = text.find('\0') < width && text.find_first_not_of('\x96', width) == text.npos;
     const int again = fits ? read(&values[1], text.c_str()) : -1;
-    const bool is_same = is_ipv6 ? std::memcmp(&values[0], &values[1], sizeof(Value)) == 0
-                                 : std::strcmp(text.c_str(), given) == 0;
-    expect(result == 0 && again == 0 && is_same, name,
-           "writes what its counterpart reads, and fits",
+    const bool is_right = again == 0 && is_same(values, is_ipv6) &&
+                          (is_ipv6 || std::strcmp(text.c_str(), given) == 0);
+    expect(result == 0 && is_right, name, "writes what its counterpart reads, and fits",
            {"expected 0, 0 and %s in %zu bytes, seen %d, %d and %.60s", given, width, result, again,
             text.c_str()});
 }
