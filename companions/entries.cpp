@@ -1,56 +1,22 @@
 #include "companions/entries.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cctype>
 #include <cstdarg>
 #include <initializer_list>
 
 namespace {
 
-constexpr std::size_t name_size = 2 * 1024; // two lines of the library
-
-bool quiet = false;
+constexpr std::size_t line_size = 1024; // the library's limit
 
 // Only the first line of a message: the second is a line of the document.
 int print_message(const char* format, ...) {
-    char message[name_size];
+    char message[2 * line_size];
     va_list arguments;
     va_start(arguments, format);
     vsnprintf(message, sizeof message, format, arguments);
     va_end(arguments);
     message[strcspn(message, "\n")] = '\0';
-    return quiet ? 0 : fprintf(stderr, "%s\n", message);
-}
-
-bool is_continued(const char* line, const char* end) {
-    while (end > line && isspace(static_cast<unsigned char>(end[-1])) != 0) {
-        --end;
-    }
-    return end > line && end[-1] == '\\';
-}
-
-void cut_into_lines(Document& document) {
-    int number = 0;
-    for (char* text = document.text; *text != '\0';) {
-        document.lines[document.line_count++] = {text, ++number, -1};
-        char* end = strchrnul(text, '\n');
-        for (; *end != '\0' && is_continued(text, end); end = strchrnul(end + 1, '\n')) {
-            ++number;
-        }
-        text = *end == '\0' ? end : end + 1;
-        *end = '\0';
-    }
-}
-
-// The file is in memory: no secret gets onto a disk.
-dictionary* load_line(int file, const char* text) {
-    char path[32];
-    snprintf(path, sizeof path, "/proc/self/fd/%d", file);
-    const auto length = static_cast<ssize_t>(strlen(text));
-    const bool written = ftruncate(file, 0) == 0 && pwrite(file, text, strlen(text), 0) == length;
-    return written ? load_document(path) : nullptr;
+    return fprintf(stderr, "%s\n", message);
 }
 
 const Entry* find(const Document& document, const char* name) {
@@ -63,46 +29,70 @@ const Entry* find(const Document& document, const char* name) {
     return nullptr;
 }
 
-// Notes the entry of the line; section is the one that the line is in.
-void place_line(Document& document, int index, const dictionary& line, const char*& section) {
-    char name[name_size];
-    const bool is_section = line.val[0] == nullptr;
-    snprintf(name, sizeof name, "%s%s", is_section ? "" : section, line.key[0]);
-    const Entry* found = find(document, name);
-    if (found == nullptr) {
+// Lowers the text and removes the blanks at its end.
+void normalize(char* text) {
+    char* end = text;
+    for (; *text != '\0'; ++text) {
+        *text = static_cast<char>(tolower(static_cast<unsigned char>(*text)));
+        end = isspace(static_cast<unsigned char>(*text)) != 0 ? end : text + 1;
+    }
+    *end = '\0';
+}
+
+// The section is the one that the line is in.
+void place_line(Document& document, const char* line, int number, const Entry*& section) {
+    char word[line_size];
+    char name[2 * line_size];
+    char delimiter = '\0';
+    const bool is_section = sscanf(line, " [ %1023[^]]%c", word, &delimiter) == 2;
+    if (!is_section && sscanf(line, " %1023[^=]%c", word, &delimiter) != 2) {
         return;
     }
-    document.lines[index].entry = static_cast<int>(found - document.entries);
-    Entry& entry = document.entries[document.lines[index].entry];
-    entry.line = index;
-    if (is_section) {
-        section = entry.name;
-    } else {
-        entry.key = entry.name + strlen(section) + 1;
+    normalize(word);
+    const char* before = section != nullptr ? section->name : "";
+    snprintf(name, sizeof name, "%s:%s", before, word);
+    const Entry* found = find(document, is_section ? word : name);
+    if (found == nullptr || (found->value == nullptr) != is_section) {
+        return;
     }
+    Entry& entry = document.entries[found - document.entries];
+    entry.line = line;
+    entry.line_number = number;
+    if (is_section) {
+        section = &entry;
+    } else {
+        entry.section = section;
+        entry.key = entry.name + strlen(before) + 1;
+    }
+}
+
+// A line ends in a backslash, blanks aside, if the next one continues it.
+bool is_continued(const char* line, const char* end) {
+    while (end > line && isspace(static_cast<unsigned char>(end[-1])) != 0) {
+        --end;
+    }
+    return end > line && end[-1] == '\\';
 }
 
 void place_lines(Document& document) {
-    const int file = memfd_create("line", MFD_CLOEXEC);
-    const char* section = "";
-    quiet = true;
-    for (int i = 0; i < document.line_count; ++i) {
-        dictionary* line = load_line(file, document.lines[i].text);
-        if (line != nullptr && line->n == 1) {
-            place_line(document, i, *line, section);
+    const Entry* section = nullptr;
+    int number = 1;
+    for (char* line = document.text; *line != '\0';) {
+        const int first = number++;
+        char* end = strchrnul(line, '\n');
+        for (; *end != '\0' && is_continued(line, end); end = strchrnul(end + 1, '\n')) {
+            ++number;
         }
-        if (line != nullptr) {
-            iniparser_freedict(line);
-        }
+        char* next = *end != '\0' ? end + 1 : end;
+        *end = '\0';
+        place_line(document, line, first, section);
+        line = next;
     }
-    quiet = false;
-    close(file);
 }
 
 // Prints the text as the line of the entry spells it.
-void print_spelt(const Document& document, const Entry* entry, const char* text) {
-    const bool has_line = entry != nullptr && entry->line >= 0;
-    const char* spelt = has_line ? strcasestr(document.lines[entry->line].text, text) : nullptr;
+void print_spelt(const Entry& entry, const char* text) {
+    const char* spelt = entry.line != nullptr ? strcasestr(entry.line, text) : nullptr;
     printf("%.*s", static_cast<int>(strlen(text)), spelt != nullptr ? spelt : text);
 }
 
@@ -117,26 +107,15 @@ bool open_document(Document& document, const char* path) {
     }
     document.text[fread(document.text, 1, max_document_size, file)] = '\0';
     fclose(file);
-    for (int i = 0; i < static_cast<int>(document.values->n); ++i) {
-        const char* name = document.values->key[i];
-        const char* value = document.values->val[i];
-        const char* colon = value != nullptr ? strchr(name, ':') : nullptr;
-        document.entries[document.entry_count++] = {name, value, colon != nullptr ? colon + 1 : "",
-                                                    -1};
+    for (; document.entry_count < static_cast<int>(document.values->n); ++document.entry_count) {
+        Entry& entry = document.entries[document.entry_count];
+        entry.name = document.values->key[document.entry_count];
+        entry.value = document.values->val[document.entry_count];
+        entry.section = entry.value == nullptr ? &entry : nullptr;
+        entry.key = entry.value == nullptr ? "" : entry.name;
     }
-    cut_into_lines(document);
     place_lines(document);
     return true;
-}
-
-const Entry* section_of(const Document& document, const Entry& entry) {
-    char section[name_size];
-    if (entry.value == nullptr || entry.key[0] == '\0') {
-        return &entry;
-    }
-    const auto length = static_cast<int>(entry.key - entry.name) - 1;
-    snprintf(section, sizeof section, "%.*s", length, entry.name);
-    return find(document, section);
 }
 
 const Entry* counterpart(const Entry& entry, const Document& other) {
@@ -149,12 +128,13 @@ bool have_same_value(const Entry& one, const Entry& other) {
     return one.value == nullptr || strcmp(one.value, other.value) == 0;
 }
 
-void print_name(const Document& document, const Entry& entry) {
-    const Entry* section = section_of(document, entry);
+void print_name(const Entry& entry) {
     printf("[");
-    print_spelt(document, section, section != nullptr ? section->name : "");
+    if (entry.section != nullptr) {
+        print_spelt(*entry.section, entry.section->name);
+    }
     printf(entry.value != nullptr ? "] " : "]");
-    print_spelt(document, &entry, entry.key);
+    print_spelt(entry, entry.key);
 }
 
 void print_value(const Entry& entry) {

@@ -1,5 +1,5 @@
 // Names the lines of a document that check finds fault with: puts lines of a
-// backup in their place, runs check again, and sees what becomes of the fault.
+// backup in their place, and runs check to see whether the fault is gone.
 //
 //   switch-config-locate DOCUMENT BACKUP
 //
@@ -22,70 +22,66 @@ struct Difference {
     const Entry* switchs;
     bool at_fault;
     bool needed; // for the fault to show
-    bool replaced;
 };
 
 Document document;
 Document backup;
+const Entry* common[max_document_size]; // the document's sections too
+int common_count;
 Difference differences[2 * max_document_size];
 int difference_count;
 int trials;
 
-// In document, or only in backup when that is the document's counterpart.
-void add_differences(const Document& here, const Document& there) {
-    for (int i = 0; i < here.entry_count; ++i) {
-        const Entry& entry = here.entries[i];
-        const Entry* found = counterpart(entry, there);
+void compare_documents() {
+    for (int i = 0; i < backup.entry_count; ++i) {
+        const Entry& entry = backup.entries[i];
+        const Entry* found = counterpart(entry, document);
+        if (entry.value != nullptr && (found == nullptr || !have_same_value(entry, *found))) {
+            differences[difference_count++] = {found, &entry, false, false};
+        }
+    }
+    for (int i = 0; i < document.entry_count; ++i) {
+        const Entry& entry = document.entries[i];
+        const Entry* found = counterpart(entry, backup);
         if (entry.value == nullptr || (found != nullptr && have_same_value(entry, *found))) {
-            continue;
-        }
-        if (&here == &backup) {
-            differences[difference_count++] = {found, &entry, false, false, false};
+            common[common_count++] = &entry;
         } else if (found == nullptr) {
-            differences[difference_count++] = {&entry, nullptr, false, false, false};
+            differences[difference_count++] = {&entry, nullptr, false, false};
         }
     }
 }
 
-bool is_replaced(int entry) {
-    for (int i = 0; entry >= 0 && i < difference_count; ++i) {
-        if (differences[i].replaced && differences[i].ours == &document.entries[entry]) {
-            return true;
-        }
+void write_entry(FILE* file, const Entry* entry, const Entry*& section) {
+    if (entry == nullptr || entry->section == nullptr) {
+        return;
     }
-    return false;
-}
-
-// The document without the lines that are replaced, followed by those of the switch.
-void write_trial(FILE* file) {
-    for (int i = 0; i < document.line_count; ++i) {
-        if (!is_replaced(document.lines[i].entry)) {
-            fprintf(file, "%s\n", document.lines[i].text);
-        }
+    if (entry->section != section) {
+        section = entry->section;
+        fprintf(file, "[%s]\n", section->name);
     }
-    for (int i = 0; i < difference_count; ++i) {
-        const Entry* entry = differences[i].replaced ? differences[i].switchs : nullptr;
-        if (entry != nullptr) {
-            fprintf(file, "[%s]\n%s\n", section_of(backup, *entry)->name,
-                    backup.lines[entry->line].text);
-        }
+    if (entry->value != nullptr) {
+        fprintf(file, "%s\n", entry->line);
     }
-    fclose(file);
 }
 
 // Check's code when the document's are the first differences and those needed,
 // but not those at fault. 0: it passes; -1: there is no code.
 int code_with(int first) {
     int code = -1;
-    for (int i = 0; i < difference_count; ++i) {
-        Difference& difference = differences[i];
-        difference.replaced = difference.at_fault || !(i < first || difference.needed);
-    }
+    const Entry* section = nullptr;
     FILE* file = ++trials > max_trials ? nullptr : fopen(restore_path, "we");
     if (file == nullptr) {
         return code;
     }
-    write_trial(file);
+    for (int i = 0; i < common_count; ++i) {
+        write_entry(file, common[i], section);
+    }
+    for (int i = 0; i < difference_count; ++i) {
+        const Difference& difference = differences[i];
+        const bool is_ours = !difference.at_fault && (i < first || difference.needed);
+        write_entry(file, is_ours ? difference.ours : difference.switchs, section);
+    }
+    fclose(file);
     if (std::system(run_check) == 0) {
         return 0;
     }
@@ -97,23 +93,24 @@ int code_with(int first) {
     return code;
 }
 
-// Finds the least of the document that brings the fault up in the backup.
+// Finds the least of the document that causes the fault in the backup.
 void find_fault(int code) {
-    for (int limit = difference_count; trials <= max_trials && code_with(0) != code;) {
+    int limit = difference_count;
+    do {
         int without = 0;
         while (limit - without > 1) {
             const int middle = (without + limit) / 2;
             (code_with(middle) == code ? limit : without) = middle;
         }
         differences[--limit].needed = true;
-    }
+    } while (limit > 0 && trials <= max_trials && code_with(0) != code);
     for (int i = 0; i < difference_count; ++i) {
         differences[i].at_fault |= differences[i].needed;
         differences[i].needed = false;
     }
 }
 
-// What may stay as it is, with the fault gone, is not at fault.
+// Clears what may stay in the document without the fault.
 void acquit(int code) {
     for (int i = 0; i < difference_count; ++i) {
         if (differences[i].at_fault) {
@@ -126,10 +123,10 @@ void acquit(int code) {
 void print_fault(const Difference& difference) {
     if (difference.ours == nullptr) {
         printf("  missing: ");
-        print_name(backup, *difference.switchs);
+        print_name(*difference.switchs);
     } else {
-        printf("  line %d: ", document.lines[difference.ours->line].number);
-        print_name(document, *difference.ours);
+        printf("  line %d: ", difference.ours->line_number);
+        print_name(*difference.ours);
         printf(": ");
         print_value(*difference.ours);
     }
@@ -146,15 +143,14 @@ int main(int argc, char** argv) {
     if (argc != 3 || !open_document(document, argv[1]) || !open_document(backup, argv[2])) {
         return 2;
     }
-    add_differences(backup, document);
-    add_differences(document, backup);
+    compare_documents();
     const int code = code_with(difference_count);
     if (code <= 0 || code_with(0) == code) {
         return 1;
     }
-    while (trials <= max_trials && code_with(difference_count) == code) {
+    do {
         find_fault(code);
-    }
+    } while (trials <= max_trials && code_with(difference_count) == code);
     acquit(code);
     for (int i = 0; trials <= max_trials && i < difference_count; ++i) {
         if (differences[i].at_fault) {

@@ -45,8 +45,8 @@ void end_with_echo(int number) {
     raise(number);
 }
 
-// Byte by byte, since a stream would keep a copy in its buffer. False for a line
-// with a control character, and for one that fills the buffer.
+// Byte by byte: a stream would keep a copy. False for a control character or a line
+// that fills the buffer.
 bool read_line(Input& input) {
     for (std::size_t i = 0; i + 1 < sizeof input.chars; ++i) {
         const ssize_t count = read(STDIN_FILENO, &input.chars[i], 1);
