@@ -7,7 +7,6 @@
 #include <algorithm>
 
 using simulator::make_fail;
-using simulator::reset;
 using simulator::state;
 
 class Security : public SwitchTest {
@@ -19,15 +18,6 @@ namespace {
 
 constexpr char snmp[] = "snmp settings";
 constexpr char password[] = "password";
-constexpr char static_sak[] = "static sak";
-constexpr char dot1x[] = "802.1x setting";
-constexpr char parameters[] = "802.1x parameter setting";
-constexpr char port_modes[] = "802.1x port setting";
-constexpr char login_server[] = "auth server setting";
-
-// Encrypted texts of 48 and of 64 digits.
-constexpr char text_48[] = "\"000000000000000000000000000000000000000000000000\"";
-constexpr char text_64[] = "\"0000000000000000000000000000000000000000000000000000000000000000\"";
 
 } // namespace
 
