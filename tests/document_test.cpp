@@ -104,6 +104,7 @@ const std::pair<std::string, const char*> nasty_lines[] = {
     {R"(k = "no end\t)", R"([s:k]=[no end\t])"},
     {R"(k = "v" ; \ comment)", "[s:k]=[v]"},
     {R"(# k = "a\b")", ""},
+    {"\nk = \"a\\b\"", R"([s:k]=[a\b])"},
     {R"(k = "")", "[s:k]=[]"},
     {R"(k = "" ; "x)", "[s:k]=[]"},
     {R"(k = ""x\y" ; z)", R"([s:k]=[""x\y"])"},
@@ -155,6 +156,12 @@ TEST_F(Document, TakesUnusedBytesForADisguise) {
     ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
     EXPECT_EQ(text.find_first_of({bytes.backslash, bytes.double_quote, bytes.single_quote}),
               std::string::npos);
+
+    // The library refuses the document at a line that is too long.
+    const std::string refused = std::string(1024, 'x') + "\nk = \"a\\b\"\n";
+    text = refused;
+    ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
+    EXPECT_EQ(text, refused);
 }
 
 TEST_F(Document, VerdictsAreInTheLowEightBits) {
