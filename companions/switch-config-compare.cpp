@@ -16,11 +16,15 @@ constexpr int same = 0;
 constexpr int different = 1;
 constexpr int trouble = 2;
 
-bool given[128];         // options, by their letter
+bool options[128];       // by their letter
 const char* left_out[8]; // sections
 std::size_t left_out_count;
 Document a;
 Document b; // with -s a backup of the switch
+
+bool given(int option) {
+    return options[option];
+}
 
 // Restore never sets the clock, and it differs in every backup.
 bool is_left_out(const Entry& entry) {
@@ -35,9 +39,9 @@ bool is_left_out(const Entry& entry) {
 
 void print_both(const Entry& in_a, const Entry& in_b) {
     print_name(in_a);
-    printf(given['s'] ? ": document " : ": ");
+    printf(given('s') ? ": document " : ": ");
     print_value(in_a);
-    printf(given['s'] ? ", switch has " : " -> ");
+    printf(given('s') ? ", switch has " : " -> ");
     print_value(in_b);
     printf("\n");
 }
@@ -46,10 +50,10 @@ void print_both(const Entry& in_a, const Entry& in_b) {
 void print_one(const Document& document, const Entry& entry) {
     const bool in_a = &document == &a;
     print_name(entry);
-    if (given['s'] && !in_a && entry.value != nullptr) {
+    if (given('s') && !in_a && entry.value != nullptr) {
         printf(": switch has ");
         print_value(entry);
-    } else if (given['s']) {
+    } else if (given('s')) {
         printf(": only %s", in_a ? "in the document" : "on the switch");
     } else {
         printf(": only in %s", in_a ? "A" : "B");
@@ -60,7 +64,7 @@ void print_one(const Document& document, const Entry& entry) {
 // A missing section is shown without its keys.
 int compare_missing(const Document& document, const Entry& entry, const Document& other) {
     const Entry* section = entry.section;
-    if (&document == &a ? given['1'] : given['2']) {
+    if (&document == &a ? given('1') : given('2')) {
         return same;
     }
     if (section == nullptr || section == &entry || counterpart(*section, other) != nullptr) {
@@ -79,7 +83,7 @@ int compare_in(const Document& document, const Document& other) {
         }
         if (found == nullptr) {
             result |= compare_missing(document, entry, other);
-        } else if (&document == &a && !given['3'] && !have_same_value(entry, *found)) {
+        } else if (&document == &a && !given('3') && !have_same_value(entry, *found)) {
             print_both(entry, *found);
             result = different;
         }
@@ -129,7 +133,7 @@ bool read_options(int argc, char** argv) {
         if (option == '?' || left_out_count == std::size(left_out)) {
             return false;
         }
-        given[option] = true;
+        options[option] = true;
         if (option == 'x') {
             left_out[left_out_count++] = optarg;
         }
@@ -148,5 +152,5 @@ int main(int argc, char** argv) {
         fprintf(stderr, "switch-config-compare: mend the document that cannot be read\n");
         return trouble;
     }
-    return given['c'] ? judge_completeness() : compare_in(a, b) | compare_in(b, a);
+    return given('c') ? judge_completeness() : compare_in(a, b) | compare_in(b, a);
 }

@@ -60,7 +60,9 @@ void compare(FILE* before, FILE* after) {
     char section[64] = "";
     Phrase found;
     rewind(before);
-    while (next_line(before, lines[0]) | next_line(after, lines[1])) {
+    for (bool more = true; more;) {
+        more = next_line(before, lines[0]);
+        more = next_line(after, lines[1]) || more;
         const bool is_clock =
             strncmp(lines[0], "Date ", 5) == 0 || strncmp(lines[0], "Time ", 5) == 0;
         sscanf(lines[0], "[%63[^]]", section);
