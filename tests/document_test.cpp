@@ -49,29 +49,6 @@ TEST_F(Document, DecimalNumbers) {
     }
 }
 
-TEST_F(Document, Booleans) {
-    ASSERT_TRUE(load("[s]\na=yes\nb=True\nc=1x\nd=no\ne=\"False\"\nf=0\ng=2\nh=\n[s:section]\n"));
-    const std::pair<const char*, int> expected[] = {
-        {"s:a", 1}, {"s:b", 1}, {"s:c", 1}, {"s:d", 0},      {"s:e", 0},
-        {"s:f", 0}, {"s:g", 9}, {"s:h", 9}, {"s:absent", 9}, {"s:section", 9}};
-    for (const auto& [entry, value] : expected) {
-        EXPECT_EQ(read_boolean(ini, entry, 9), value) << entry;
-    }
-}
-
-TEST_F(Document, Texts) {
-    ASSERT_TRUE(load("[s]\na = \"one\" ; two\na = \"Two\" more\nlong = 123456789\n[s:section]\n"));
-    EXPECT_STREQ(read_text<8>(ini, "s:a").chars, "Two");
-    EXPECT_STREQ(read_text<8>(ini, "s:long").chars, "1234567");
-    EXPECT_STREQ(read_text<8>(ini, "s:section").chars, "");
-    EXPECT_STREQ(read_string(ini, "s:absent", "-1"), "-1");
-}
-
-TEST_F(Document, EntryNamesHoldTheLongestKey) {
-    EXPECT_STREQ(EntryName("snmp settings:snmp trap server community string%d", 255),
-                 "snmp settings:snmp trap server community string255");
-}
-
 TEST_F(Document, LineLength) {
     const std::string line_of_1022 = "key=" + std::string(1018, 'x');
     for (const char* end : {"\n", ""}) {

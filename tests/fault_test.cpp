@@ -49,8 +49,7 @@ std::map<std::string, std::string> contract() {
 }
 
 Outcome backed_up() {
-    const std::string document =
-        without(without(backup(), "sntp setting", "Date"), "sntp setting", "Time");
+    const std::string document = backup();
     Outcome outcome = {lines_of(document), {}};
     for (const Key& key : keys_of(document)) {
         outcome.parts.insert(key.section + ":" + key.key);

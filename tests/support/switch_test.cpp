@@ -25,6 +25,7 @@ class OwnFiles : public testing::Environment {
                 exit(1);
             }
         }
+        setenv("TZ", "UTC0", 1);
         if (getenv("TEST_TMPDIR") == nullptr && mkdtemp(directory) != nullptr) {
             setenv("TEST_TMPDIR", directory, 0);
         }
@@ -109,22 +110,18 @@ Calls restore(const std::string& document, std::uint32_t keep) {
     return changes();
 }
 
-Calls changes() {
+Calls all_calls(bool only_changes) {
     Calls calls;
     for (const simulator::Call& call : simulator::journal()) {
-        if (call.access == simulator::Access::change) {
+        if (!only_changes || call.access == simulator::Access::change) {
             calls.push_back(call.text);
         }
     }
     return calls;
 }
 
-Calls all_calls() {
-    Calls calls;
-    for (const simulator::Call& call : simulator::journal()) {
-        calls.push_back(call.text);
-    }
-    return calls;
+Calls changes() {
+    return all_calls(true);
 }
 
 namespace {

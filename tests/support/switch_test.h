@@ -42,8 +42,8 @@ std::string check(const std::string& document);
 Calls restore(const std::string& document, std::uint32_t keep = 0);
 
 // The calls in the journal so far.
+Calls all_calls(bool only_changes = false);
 Calls changes();
-Calls all_calls();
 
 // A document with one key of a section given another value, written as it
 // stands between "= " and " ;". A key that is not there is added.
