@@ -122,6 +122,14 @@ TEST_F(Document, ReadsTheSameWithEveryIniparser) {
     }
 }
 
+TEST_F(Document, DisguisesWhatReadingsDifferIn) {
+    std::string text = "[a\\] b]\nk = \"\\ \" ; \\]\nk = '\\\\'\nk = \"\"x\nk = '''\n;k = \"\\\"\n";
+    Disguise bytes;
+    ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
+    EXPECT_EQ(text, "[a\\]   \nk = \"\xff \" ; \\]\nk = '\xff\xff'\nk = \xfe\"x\nk = \xfd''\n"
+                    ";k = \"\\\"\n");
+}
+
 TEST_F(Document, TakesUnusedBytesForADisguise) {
     std::string text;
     for (int byte = 127; byte < 254; ++byte) {
