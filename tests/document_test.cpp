@@ -128,6 +128,9 @@ TEST_F(Document, DisguisesWhatReadingsDifferIn) {
     ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
     EXPECT_EQ(text, "[a\\]   \nk = \"\xff \" ; \\]\nk = '\xff\xff'\nk = \xfe\"x\nk = \xfd''\n"
                     ";k = \"\\\"\n");
+    text = std::string("k\\\n\0\n=\"\\\"", 9); // joined over a line that begins with a zero byte
+    ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
+    EXPECT_EQ(text.substr(5), "=\"\xff\"");
     text = "k=\"\\" + std::string(1018, 'x') + "\n"; // as long as a line may be
     ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
     EXPECT_EQ(text[3], '\xff');
