@@ -64,17 +64,6 @@ TEST_F(HostileDocument, EveryKeyMissingOrASection) {
     }
 }
 
-TEST_F(HostileDocument, BinaryBytes) {
-    for (std::size_t at = 0; at < good.size(); at += good.size() / 150) {
-        std::string document = good;
-        document[at] = '\0';
-        survive(document);
-        document[at] = '\xff';
-        survive(document);
-        survive(good.substr(0, at));
-    }
-}
-
 TEST_F(HostileDocument, TwentyThousandKeys) {
     std::string document = good + "[junk]\n";
     for (int i = 0; i < 20000; ++i) {

@@ -13,17 +13,6 @@ using simulator::to_json_text;
 
 class Simulator : public SwitchTest {};
 
-TEST_F(Simulator, StateComesBackFromItsText) {
-    simulator::State factory;
-    factory.system.name = "caf\xe9 \"\\\n";
-    for (const simulator::State& device : {factory, device_from("other_switch.json")}) {
-        const std::string text = to_json_text(device);
-        const simulator::State loaded = from_json_text(text);
-        EXPECT_EQ(to_json_text(loaded), text);
-        EXPECT_EQ(loaded.system.name, device.system.name);
-    }
-}
-
 TEST_F(Simulator, SnmpNamesHaveFifteenCharacters) {
     const std::string longer(16, 'n');
     EXPECT_NE(Usrsnmp_check_community_string(longer.c_str() + 1), 0);
