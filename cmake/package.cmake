@@ -14,7 +14,7 @@ set(installed ${programs})
 list(REMOVE_ITEM installed switch-device-check)
 install(TARGETS ${installed} DESTINATION ${CMAKE_INSTALL_SBINDIR})
 install(PROGRAMS ${PROJECT_SOURCE_DIR}/companions/switch-config-apply
-  ${PROJECT_SOURCE_DIR}/companions/switch-config-explain DESTINATION ${CMAKE_INSTALL_SBINDIR})
+  DESTINATION ${CMAKE_INSTALL_SBINDIR})
 
 file(GLOB documents CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${docs} COMPONENT doc)
@@ -38,15 +38,7 @@ endforeach()
 add_custom_target(manual ALL DEPENDS ${compressed})
 install(FILES ${pages} DESTINATION ${docs}/docs COMPONENT doc)
 
-# The report codes for programs, one a line: number, name, section, sentence.
-set(manual ${PROJECT_SOURCE_DIR}/docs/switch-config.8)
-set(codes ${PROJECT_BINARY_DIR}/codes)
-set(make_codes ${PROJECT_SOURCE_DIR}/cmake/codes.awk)
-add_custom_command(OUTPUT ${codes}
-  COMMAND sh -c "awk -f \"$1\" \"$2\" >codes" sh ${make_codes} ${manual}
-  DEPENDS ${manual} ${make_codes} VERBATIM)
-add_custom_target(code_table ALL DEPENDS ${codes})
-install(FILES ${codes} DESTINATION ${CMAKE_INSTALL_DATADIR}/switch-config)
+install(FILES ${PROJECT_BINARY_DIR}/codes DESTINATION ${CMAKE_INSTALL_DATADIR}/switch-config)
 
 # For those who port the tool: cmake --install build --component device-check.
 install(TARGETS switch-device-check DESTINATION ${CMAKE_INSTALL_SBINDIR}

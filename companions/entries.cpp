@@ -15,11 +15,10 @@ int print_message(const char* format, ...) {
     va_start(arguments, format);
     vsnprintf(message, sizeof message, format, arguments);
     va_end(arguments);
-    message[strcspn(message, "\n")] = '\0';
-    return fprintf(stderr, "%s\n", message);
+    return fprintf(stderr, "%.*s\n", static_cast<int>(strcspn(message, "\n")), message);
 }
 
-const Entry* find(const Document& document, const char* name) {
+Entry* find(Document& document, const char* name) {
     const unsigned hash = dictionary_hash(name);
     for (int i = 0; i < document.entry_count; ++i) {
         if (document.values->hash[i] == hash && strcmp(document.entries[i].name, name) == 0) {
@@ -29,64 +28,40 @@ const Entry* find(const Document& document, const char* name) {
     return nullptr;
 }
 
-// Lowers the text and removes the blanks at its end.
-void normalize(char* text) {
-    char* end = text;
-    for (; *text != '\0'; ++text) {
-        *text = static_cast<char>(tolower(static_cast<unsigned char>(*text)));
-        end = isspace(static_cast<unsigned char>(*text)) != 0 ? end : text + 1;
-    }
-    *end = '\0';
-}
-
-// The section is the one that the line is in.
-void place_line(Document& document, const char* line, int number, const Entry*& section) {
-    char word[line_size];
+// The entry that a line of this section sets, null if there is none.
+Entry* find_set_by(const char* line, Document& document, const char* section) {
     char name[2 * line_size];
-    char delimiter = '\0';
-    const bool is_section = sscanf(line, " [ %1023[^]]%c", word, &delimiter) == 2;
-    if (!is_section && sscanf(line, " %1023[^=]%c", word, &delimiter) != 2) {
-        return;
+    line += strspn(line, " \t");
+    const bool is_section = *line == '[';
+    line += is_section ? 1 + strspn(line + 1, " \t") : 0;
+    std::size_t length = strcspn(line, is_section ? "]" : "=");
+    while (length > 0 && isspace(static_cast<unsigned char>(line[length - 1])) != 0) {
+        --length;
     }
-    normalize(word);
-    const char* before = section != nullptr ? section->name : "";
-    snprintf(name, sizeof name, "%s:%s", before, word);
-    const Entry* found = find(document, is_section ? word : name);
-    if (found == nullptr || (found->value == nullptr) != is_section) {
-        return;
+    snprintf(name, sizeof name, "%s%s%.*s", is_section ? "" : section, is_section ? "" : ":",
+             static_cast<int>(length), line);
+    for (char* letter = name; *letter != '\0'; ++letter) {
+        *letter = static_cast<char>(tolower(static_cast<unsigned char>(*letter)));
     }
-    Entry& entry = document.entries[found - document.entries];
-    entry.line = line;
-    entry.line_number = number;
-    if (is_section) {
-        section = &entry;
-    } else {
-        entry.section = section;
-        entry.key = entry.name + strlen(before) + 1;
-    }
+    Entry* found = find(document, name);
+    return found != nullptr && (found->value == nullptr) == is_section ? found : nullptr;
 }
 
-// A line ends in a backslash, blanks aside, if the next one continues it.
-bool is_continued(const char* line, const char* end) {
-    while (end > line && isspace(static_cast<unsigned char>(end[-1])) != 0) {
-        --end;
-    }
-    return end > line && end[-1] == '\\';
-}
-
+// A line that continues another sets nothing.
 void place_lines(Document& document) {
     const Entry* section = nullptr;
-    int number = 1;
-    for (char* line = document.text; *line != '\0';) {
-        const int first = number++;
-        char* end = strchrnul(line, '\n');
-        for (; *end != '\0' && is_continued(line, end); end = strchrnul(end + 1, '\n')) {
-            ++number;
+    char* rest = document.text;
+    for (int number = 1; const char* line = strsep(&rest, "\n"); ++number) {
+        const char* inside = section != nullptr ? section->name : "";
+        Entry* entry = find_set_by(line, document, inside);
+        if (entry == nullptr) {
+            continue;
         }
-        char* next = *end != '\0' ? end + 1 : end;
-        *end = '\0';
-        place_line(document, line, first, section);
-        line = next;
+        section = entry->value == nullptr ? entry : section;
+        entry->section = section;
+        entry->key = entry->value == nullptr ? "" : entry->name + strlen(inside) + 1;
+        entry->line = line;
+        entry->line_number = number;
     }
 }
 
@@ -107,10 +82,10 @@ bool open_document(Document& document, const char* path) {
     }
     document.text[fread(document.text, 1, max_document_size, file)] = '\0';
     fclose(file);
-    for (; document.entry_count < static_cast<int>(document.values->n); ++document.entry_count) {
-        Entry& entry = document.entries[document.entry_count];
-        entry.name = document.values->key[document.entry_count];
-        entry.value = document.values->val[document.entry_count];
+    for (int i = 0; i < static_cast<int>(document.values->n); ++i) {
+        Entry& entry = document.entries[document.entry_count++];
+        entry.name = document.values->key[i];
+        entry.value = document.values->val[i];
         entry.section = entry.value == nullptr ? &entry : nullptr;
         entry.key = entry.value == nullptr ? "" : entry.name;
     }
@@ -118,14 +93,21 @@ bool open_document(Document& document, const char* path) {
     return true;
 }
 
-const Entry* counterpart(const Entry& entry, const Document& other) {
-    const Entry* found = find(other, entry.name);
-    const bool alike = found != nullptr && (found->value == nullptr) == (entry.value == nullptr);
-    return alike ? found : nullptr;
+void match(Document& one, Document& other) {
+    for (int i = 0; i < one.entry_count; ++i) {
+        Entry& entry = one.entries[i];
+        if (Entry* found = find(other, entry.name)) {
+            entry.other = found;
+            found->other = &entry;
+        }
+    }
 }
 
-bool have_same_value(const Entry& one, const Entry& other) {
-    return one.value == nullptr || strcmp(one.value, other.value) == 0;
+bool is_in_both(const Entry& entry) {
+    if (entry.other == nullptr || entry.value == nullptr || entry.other->value == nullptr) {
+        return entry.other != nullptr && entry.value == entry.other->value;
+    }
+    return strcmp(entry.value, entry.other->value) == 0;
 }
 
 void print_name(const Entry& entry) {
@@ -138,11 +120,13 @@ void print_name(const Entry& entry) {
 }
 
 void print_value(const Entry& entry) {
+    bool is_secret = false;
     for (const char* word : {"pass", "key", "community", "sci", "sak", "secret"}) {
-        if (strstr(entry.key, word) != nullptr) {
-            printf("(secret)");
-            return;
-        }
+        is_secret |= strstr(entry.key, word) != nullptr;
     }
-    printf("\"%s\"", entry.value);
+    if (entry.value == nullptr) {
+        printf("the whole section");
+    } else {
+        printf(is_secret ? "(secret)" : "\"%s\"", entry.value);
+    }
 }

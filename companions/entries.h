@@ -1,4 +1,4 @@
-// A document as the tool's own loader reads it, with the line of each key.
+// Two documents as the tool's own loader reads them, with the line of each key.
 #pragma once
 
 #include "frame/document.h"
@@ -10,12 +10,13 @@ struct Entry {
     const char* key;      // within the name; empty for a section
     const char* line;     // the last that sets the entry, null if unknown
     int line_number;      // from 1
+    const Entry* other;   // the same of the other document, null if it is missing there
 };
 
 // Static, and opened once. Pages that are not written take no memory.
 struct Document {
     dictionary* values;
-    Entry entries[max_document_size]; // in the order of the document
+    Entry entries[max_document_size + 1]; // in the order of the document; the last is empty
     int entry_count;
     char text[max_document_size + 1]; // a terminator for each newline
 };
@@ -24,15 +25,15 @@ struct Document {
 // the document.
 bool open_document(Document& document, const char* path);
 
-// The same key or section of another document, null if there is none.
-const Entry* counterpart(const Entry& entry, const Document& other);
+// Finds for each entry the one of the other document.
+void match(Document& one, Document& other);
 
-// For two keys, or two sections.
-bool have_same_value(const Entry& one, const Entry& other);
+// Whether the other document has it, and with the same value.
+bool is_in_both(const Entry& entry);
 
 // Prints "[Section] Key" in the letter case of the document.
 void print_name(const Entry& entry);
 
 // Prints the value in double quotes, or "(secret)" if the key suggests one, plain or
-// encrypted.
+// encrypted. A section is "the whole section".
 void print_value(const Entry& entry);

@@ -7,9 +7,7 @@
 #include "codec/secret_codec.h"
 #include "frame/text.h"
 
-#include <csignal>
 #include <cstdio>
-#include <initializer_list>
 #include <termios.h>
 #include <unistd.h>
 
@@ -36,15 +34,6 @@ constexpr struct Kind {
 
 using Input = Secret<256>;
 
-termios terminal;
-
-// Turns the echo on again and dies of the signal.
-void end_with_echo(int number) {
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &terminal);
-    signal(number, SIG_DFL);
-    raise(number);
-}
-
 // Byte by byte: a stream would keep a copy. False for a control character or a line
 // that fills the buffer.
 bool read_line(Input& input) {
@@ -61,39 +50,42 @@ bool read_line(Input& input) {
     return false;
 }
 
+// Ctrl-C is read as a character that ends the line: a signal would leave the
+// terminal without echo.
 bool ask(const char* prompt, Input& input) {
+    termios terminal;
+    if (tcgetattr(STDIN_FILENO, &terminal) != 0) {
+        return read_line(input);
+    }
+    termios silent = terminal;
+    silent.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
+    silent.c_cc[VEOL] = terminal.c_cc[VINTR];
     fprintf(stderr, "%s: ", prompt);
-    const bool answered = read_line(input);
+    const bool answered = tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent) == 0 && read_line(input);
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &terminal);
     fprintf(stderr, "\n");
     return answered;
 }
 
-// Asks twice, since nobody sees what is typed.
-bool ask_without_echo(Input& input) {
-    Input again;
-    termios silent = terminal;
-    silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-        signal(number, end_with_echo);
-    }
-    signal(SIGTSTP, SIG_IGN); // the shell would turn the echo on
-    const bool answered = tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent) == 0 &&
-                          ask("Secret", input) && ask("Again", again);
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &terminal);
-    return answered && strcmp(input.chars, again.chars) == 0;
+int refuse(const char* why, const Kind& kind) {
+    fprintf(stderr, "switch-config-secret: %s; %s takes %s\n", why, kind.name, kind.takes);
+    return refused;
 }
 
 int encode(const Kind& kind) {
     Input input;
+    Input again;
     char text[encrypted_size] = {};
-    const bool at_terminal = tcgetattr(STDIN_FILENO, &terminal) == 0;
-    const bool is_read = at_terminal ? ask_without_echo(input) : read_line(input);
+    const bool answered = ask("Secret", input);
     const std::size_t length = strlen(input.chars);
-    if (!is_read || length < kind.min_length || length > kind.max_length ||
+    if (!answered || length < kind.min_length || length > kind.max_length ||
         (kind.hexadecimal && strspn(input.chars, hexadecimal_digits) != length)) {
-        fprintf(stderr, "switch-config-secret: refused%s; %s takes %s\n",
-                at_terminal && !is_read ? ", the two differ" : "", kind.name, kind.takes);
-        return refused;
+        return refuse("refused", kind);
+    }
+    // Nobody sees what is typed.
+    if (isatty(STDIN_FILENO) != 0 &&
+        (!ask("Again", again) || strcmp(input.chars, again.chars) != 0)) {
+        return refuse("refused, the two differ", kind);
     }
     kind.encrypt(input.chars, text);
     return printf("%s\n", text) > 0 && fflush(stdout) == 0 ? 0 : refused;
