@@ -19,6 +19,8 @@ install(PROGRAMS ${PROJECT_SOURCE_DIR}/companions/switch-config-apply
 file(GLOB documents CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${docs} COMPONENT doc)
 install(FILES ${documents} DESTINATION ${docs}/docs COMPONENT doc)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/examples DESTINATION ${docs}/docs
+  USE_SOURCE_PERMISSIONS COMPONENT doc)
 
 # Each page once for man, and once as it is, for the links between the documents.
 file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.[58])
