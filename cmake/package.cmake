@@ -48,12 +48,16 @@ install(TARGETS switch-device-check DESTINATION ${CMAKE_INSTALL_SBINDIR}
 install(FILES ${PROJECT_SOURCE_DIR}/docs/switch-device-check.8
   DESTINATION ${CMAKE_INSTALL_MANDIR}/man8 COMPONENT device-check EXCLUDE_FROM_ALL)
 
+set(CPACK_DEBIAN_PACKAGE_RELEASE 0.1 CACHE STRING
+    "Revision of the Debian packages: raise it for newer packages of the same version")
+
 # Debian asks for these in each package.
-configure_file(packaging/changelog.in changelog @ONLY)
-add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/changelog.gz
-  COMMAND gzip -9nkf changelog DEPENDS ${PROJECT_BINARY_DIR}/changelog)
-add_custom_target(compressed_changelog ALL DEPENDS ${PROJECT_BINARY_DIR}/changelog.gz)
-set(notices ${PROJECT_SOURCE_DIR}/packaging/copyright ${PROJECT_BINARY_DIR}/changelog.gz)
+configure_file(packaging/changelog.in changelog.Debian @ONLY)
+set(changelog ${PROJECT_BINARY_DIR}/changelog.Debian)
+add_custom_command(OUTPUT ${changelog}.gz
+  COMMAND gzip -9nkf ${changelog} DEPENDS ${changelog})
+add_custom_target(compressed_changelog ALL DEPENDS ${changelog}.gz)
+set(notices ${PROJECT_SOURCE_DIR}/packaging/copyright ${changelog}.gz)
 install(FILES ${notices} DESTINATION ${docs})
 
 set(CPACK_GENERATOR DEB)
@@ -71,26 +75,37 @@ if(SWITCH_DEVICE_LIBRARY)
   set(CPACK_DEBIAN_TOOL_PACKAGE_NAME ${package})
   set(CPACK_DEBIAN_TOOL_PACKAGE_CONFLICTS switch-config-simulator)
   set(CPACK_DEBIAN_TOOL_PACKAGE_SHLIBDEPS ON)
-  set(CPACK_PACKAGE_DESCRIPTION_SUMMARY
-      "back up, check and restore the configuration of an Ethernet switch")
+  set(CPACK_DEBIAN_TOOL_PACKAGE_SUGGESTS ${package}-doc)
   set(CPACK_DEBIAN_TOOL_DESCRIPTION
-"Moves the whole configuration of an industrial managed Ethernet switch to and
+"back up, check and restore the configuration of an Ethernet switch
+Moves the whole configuration of an industrial managed Ethernet switch to and
 from one human-readable document. It runs on the switch itself, once for each
-task, for the web interface or another management process.
+task, for the web interface or another management process. At a terminal,
+start with the manual page switch-config-apply(8).
 .
 The device libraries of the switch are not part of this package.")
   set(CPACK_DEBIAN_DOC_PACKAGE_NAME ${package}-doc)
   set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
   set(CPACK_DEBIAN_DOC_PACKAGE_SECTION doc)
   set(CPACK_DEBIAN_DOC_DESCRIPTION
-"Guides for those who port switch-config to a device library, develop it, or
-write programs around it.")
+"back up, check and restore the configuration of a switch (documentation)
+Guides for those who port switch-config to a device library, develop it, or
+write programs around it. The scripts and folders that they name are those of
+the sources.")
   # dpkg-shlibdeps does not know the packages of another architecture's libraries.
+  # Of libc the version that the tool is built with will do.
   if(CMAKE_CROSSCOMPILING)
+    execute_process(COMMAND ${CMAKE_C_COMPILER} -E -dM -include features.h -x c /dev/null
+      OUTPUT_VARIABLE macros)
+    string(REGEX MATCH "__GLIBC__ ([0-9]+)" libc_version "${macros}")
+    set(libc_version ${CMAKE_MATCH_1})
+    string(REGEX MATCH "__GLIBC_MINOR__ ([0-9]+)" minor "${macros}")
+    string(APPEND libc_version .${CMAKE_MATCH_1})
     file(REAL_PATH ${INIPARSER} file)
     string(REGEX REPLACE ".*\\.so\\.([0-9]+).*" "\\1" soname_version ${file})
     set(CPACK_DEBIAN_TOOL_PACKAGE_SHLIBDEPS OFF)
-    set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "libc6 (>= 2.34), libiniparser${soname_version}")
+    set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS 
+      "libc6 (>= ${libc_version}), libiniparser${soname_version}")
   endif()
   # It looks for the device libraries where they were linked from.
   foreach(library ${SWITCH_DEVICE_LIBRARY})
@@ -106,7 +121,8 @@ else()
   set(CPACK_PACKAGE_DESCRIPTION
 "The switch-config tool with a simulated Ethernet switch in place of the device
 libraries, for those who write its callers or its documents. The simulated
-switch is a JSON file.
+switch is a JSON file; README.md in /usr/share/doc/switch-config-simulator says
+how to make another switch of it.
 .
 Not for use on a switch.")
 endif()
