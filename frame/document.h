@@ -12,7 +12,7 @@
 
 #include "frame/text.h"
 
-#include <iniparser/iniparser.h>
+#include <iniparser.h>
 
 #include <cstddef>
 #include <cstdint>

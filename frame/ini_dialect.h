@@ -15,7 +15,7 @@
 // the same, disguised and revealed or plain.
 #pragma once
 
-#include <iniparser/iniparser.h>
+#include <iniparser.h>
 
 #include <cstddef>
 
