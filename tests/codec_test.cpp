@@ -147,4 +147,3 @@ TEST_F(Codec, OddTexts) {
         EXPECT_LE(decrypted(decrypt, std::string(70, 'f')).size(), 32U);
     }
 }
-
