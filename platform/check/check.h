@@ -3,174 +3,179 @@
 #pragma once
 
 #include <csignal>
+#include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstring>
 #include <functional>
 #include <initializer_list>
 #include <string>
+#include <tuple>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
-extern bool writing;                       // the second pass, which sets what can be set
-extern volatile std::sig_atomic_t stopped; // the signal that asked to stop, or 0
 extern int tried, failed;                  // lines printed
+extern volatile std::sig_atomic_t stopped; // the signal that asked to stop, or 0
 
-// A formatted text. As the outcome of a try it is empty when all is well, "SKIP ..."
-// when nothing could be judged, or a fault: "expected ..., seen ...".
-struct Phrase {
-    char chars[200] = {};
+// What reads is tried at once. What sets waits until all of that is well: first what can
+// be undone, then what cannot.
+extern std::vector<std::function<void()>> writes, fills;
 
-    Phrase() = default;
-    [[gnu::format(printf, 2, 3)]] Phrase(const char* format, ...);
-    bool is_fault() const { return chars[0] == 'e'; }
-    bool is_skip() const { return chars[0] == 'S'; }
-};
+[[gnu::format(printf, 1, 2)]] std::string formatted(const char* format, ...);
+std::string hex(const void* bytes, std::size_t size);
 
-void report(const char* operation, const char* what, const Phrase& outcome);
+// The outcome is empty when all is well, "SKIP ..." when nothing could be judged, and
+// for a fault "expected ..., seen ...".
+void report(const char* operation, const char* what, const std::string& outcome);
+void expect(const char* operation, const char* what, const std::string& expected,
+            const std::string& seen);
+void expect(const char* operation, const char* what, long expected, long seen);
 
-// A try of the first pass, which only reads.
-void expect(bool passed, const char* operation, const char* what, const Phrase& fault);
-
-// An argument of a call: where it is, and the number found there.
+// An argument of a getter and its setter. It becomes whatever they take: an output, with
+// guard bytes after it, for a getter that takes a pointer.
 struct Argument {
-    void* place;
-    unsigned long number;
+    unsigned long numbers[2] = {}; // to set; the first is what is passed by value
+    bool is_index = false;         // by value: each from the first up to the second
+    // An output that is no number: which bytes count ('t' in a text, else not zero), and
+    // what to set.
+    std::string counts = {}, values[2] = {};
+    std::string memory = {}; // during a call
+    char fill = '\0';
+
+    Argument(unsigned long first = 0, unsigned long second = 0, bool runs = false)
+        : numbers{first, second}, is_index(runs) {}
+    Argument(const std::string& counting, const std::string& first, const std::string& second)
+        : counts(counting), values{first, second} {}
+
+    void* output(std::size_t width);
+    unsigned long input() const;
+    template <typename Type>
+    explicit operator Type() {
+        if constexpr (std::is_pointer_v<Type>) {
+            return static_cast<Type>(output(sizeof(std::remove_pointer_t<Type>)));
+        } else if constexpr (std::is_class_v<Type>) {
+            return *static_cast<Type*>(output(sizeof(Type)));
+        } else {
+            return static_cast<Type>(input());
+        }
+    }
 };
+using Arguments = std::vector<Argument>;
 
-template <typename Type>
-Type passed(const Argument& argument) {
-    if constexpr (std::is_pointer_v<Type>) {
-        return static_cast<Type>(argument.place);
-    } else if constexpr (std::is_class_v<Type>) {
-        return *static_cast<Type*>(argument.place);
-    } else {
-        return static_cast<Type>(argument.number);
-    }
+inline Argument index_up_to(unsigned long end, unsigned long first = 0) {
+    return {first, end, true};
 }
 
-template <typename Result, typename... Types, std::size_t... I>
-int invoke(Result (*function)(Types...), const Argument* arguments, std::index_sequence<I...>) {
-    if constexpr (std::is_void_v<Result>) {
-        return function(passed<Types>(arguments[I])...), 0;
-    } else {
-        return static_cast<int>(function(passed<Types>(arguments[I])...));
-    }
+Argument text(std::size_t width);
+Argument bytes(std::size_t width, std::size_t counting, char first = 0, char second = 0);
+unsigned long ip(const char* text);
+Argument hosts(); // IPv4 addresses
+
+// The record for counts is a static one, so that its padding is zero.
+template <typename Record>
+Argument record(const Record& counts, const Record& first = {}, const Record& second = {}) {
+    const auto bytes_of = [](const Record& from) {
+        return std::string(reinterpret_cast<const char*>(&from), sizeof from);
+    };
+    return {bytes_of(counts), bytes_of(first), bytes_of(second)};
 }
 
-// Takes as many of the arguments as the function has parameters.
+// A function or a lambda of any type. It takes as many arguments as it has parameters.
 struct Operation {
     const char* name;
-    std::function<int(const Argument*)> call;
+    std::function<int(Argument*)> call;
 
     template <typename Result, typename... Types>
     Operation(const char* title, Result (*function)(Types...))
-        : name(title), call([function](const Argument* arguments) {
-              return invoke(function, arguments, std::index_sequence_for<Types...>());
+        : name(title), call([function](Argument* argument) {
+              const auto next = [&argument]() -> Argument& { return *argument++; };
+              const std::tuple<Types...> passed{static_cast<Types>(next())...};
+              if constexpr (std::is_void_v<Result>) {
+                  return std::apply(function, passed), 0;
+              } else {
+                  return static_cast<int>(std::apply(function, passed));
+              }
           }) {}
+    template <typename Lambda>
+    Operation(const char* title, Lambda lambda) : Operation(title, +lambda) {}
 };
+
+// A getter writes the full width of its outputs and no more, returns the same twice, and
+// writes nothing when it fails.
+void check_getter(const Operation& get, const Arguments& arguments);
+
+// The same, and with --write it returns what has been set.
+void check_setting(const Operation& get, const Operation& set, const Arguments& arguments);
 
 #define NAMED(function) #function, function
-#define GETTER(get, ...) check_getter({NAMED(get)}, __VA_ARGS__)
-#define SETTING(get, set, ...) check_setting({NAMED(get)}, {NAMED(set)}, __VA_ARGS__)
+#define GETTER(get, ...) check_getter({NAMED(get)}, {__VA_ARGS__})
+#define SETTING(get, set, ...) check_setting({NAMED(get)}, {NAMED(set)}, {__VA_ARGS__})
 
-// The indexes that are read. The one after them is read too, and may fail.
-struct Range {
-    unsigned first = 0;
-    unsigned count = 1;
+// What backup writes, but for the clock.
+using Lines = std::vector<std::string>;
+FILE* written_document();
+Lines document_lines();
+std::string difference(const Lines& expected, const Lines& seen);
+
+// Inserts or removes a row by its number.
+struct Change {
+    const char* name;
+    std::function<void(unsigned)> make;
 };
 
-// First pass: a getter writes the full width of its outputs and no more, returns the
-// same twice, and writes nothing when it fails.
-//
-// Arguments are described as "port/1# flag/1=0-1 setting/12r hour@2/2=0-23
-// weight@4/4*8+4=1-8": a name, the offset in the last record, the width in bytes (L:
-// that of unsigned long), a count and a distance for arrays, a kind, and the two values
-// that the second pass sets. The kinds are
-//   #  the index, passed by value
-//   a  an IPv4 address, or a netmask if the value is 1
-//   i  a number passed by value
-//   m  a text that holds a mail address
-//   p  an ip_addr_t
-//   r  a record, judged by its members only
-//   t  a text, terminated if it is shorter than its width
-//   v  a list of VLANs, to which 4001, 4003 and 4005 are added
-// and none for a number. Texts are set to at most their width less 1.
-void check_getter(const Operation& get, const char* described, Range range = {});
-
-// The same. Second pass: reads back what it sets, and puts the old value back.
-void check_setting(const Operation& get, const Operation& set, const char* described,
-                   Range range = {});
-
-struct Row {
-    std::string name;
-    std::string detail; // password or address, if any
-    long number = 0;    // access right, permission or port
+// The numbers of the rows to add, and what backup writes in the section for each, with #
+// for the number.
+struct Rows {
+    std::vector<unsigned> numbers;
+    std::string section;
+    Lines lines;
 };
 
-struct Table {
-    const char* insert_name;
-    const char* remove_name;
-    std::vector<Row> (*read)();
-    void (*insert)(const Row& row);
-    void (*remove)(const Row& row);
-    Row added; // what the names and details of added rows start with
-};
+std::vector<unsigned> numbers_up_to(int count);
 
-// Second pass: fills a table of 15 rows, deletes from its middle, and empties it again.
-void check_table(const Table& table);
+// With --write: fills the table, deletes from its middle, and then the other added rows.
+void check_table(const Change& insert, const Change& remove, const Rows& rows);
+
+// With --fill: fills a table whose rows no operation deletes.
+void check_lasting_table(const Change& insert, const Rows& rows);
 
 // A validator returns nonzero in the low 8 bits for what it accepts.
-template <typename Result, typename Value>
-void check_validator(const char* name, Result (*accepts)(Value),
-                     std::initializer_list<std::common_type_t<Value>> own,
-                     std::initializer_list<std::common_type_t<Value>> wrong) {
+template <typename Result, typename Value, typename Values = std::initializer_list<Value>>
+void check_validator(const char* name, Result (*accepts)(Value), Values own, Values wrong) {
+    const auto verdict = [accepts](Value value) {
+        return static_cast<char>(accepts(value)) == 0 ? "0 in the low 8 bits" : "another";
+    };
     for (const Value value : own) {
-        expect(static_cast<char>(accepts(value)) != 0, name, "accepts what the device has",
-               {"expected not 0 in the low 8 bits, seen 0"});
+        expect(name, "accepts what the device has", "another", verdict(value));
     }
-    for (const Value& value : wrong) {
-        expect(static_cast<char>(accepts(value)) == 0, name, "refuses what no device takes",
-               {"expected 0 in the low 8 bits for wrong value %td, seen not 0",
-                &value - wrong.begin()});
+    for (const Value value : wrong) {
+        expect(name, "refuses what no device takes", "0 in the low 8 bits", verdict(value));
     }
 }
 
-#define ACCEPTS(accepts, ...) check_validator(NAMED(accepts), {__VA_ARGS__}, {})
-#define REFUSES(accepts, ...) check_validator(NAMED(accepts), {}, {__VA_ARGS__})
-#define VALIDATOR(accepts, own, ...) check_validator(NAMED(accepts), {own}, {__VA_ARGS__})
-
-// The nth number from 0 that a validator accepts, or the last if there are fewer.
+// The first two numbers that a validator accepts.
 template <typename Result>
-int accepted(Result (*accepts)(int), int nth) {
-    int found = 0;
-    for (int value = 0; value <= 0xffff && nth >= 0; ++value) {
+Argument accepted(Result (*accepts)(int)) {
+    Argument found;
+    for (int value = 0xffff; value >= 0; --value) {
         if (static_cast<char>(accepts(value)) != 0) {
-            found = value;
-            --nth;
+            found = {static_cast<unsigned long>(value), found.numbers[0]};
         }
     }
     return found;
 }
 
-// An output with room after it, for a getter that writes too much.
-template <typename Value>
-struct Roomy {
-    Value value = {};
-    unsigned char room[64] = {};
-};
-
-// What a getter with one output reads.
+// What a getter with one output reads, with room for one that writes too much.
 template <typename Result, typename Value>
 Value value_of(Result (*get)(Value*)) {
-    Roomy<Value> output;
-    get(&output.value);
-    return output.value;
+    Value values[64] = {};
+    get(values);
+    return values[0];
 }
 
 // The groups of headers, one file each.
 void check_converters();
-void check_aes();
-void check_ports_and_masks();
+void check_ports();
 void check_system();
 void check_security();
 void check_services();

@@ -5,92 +5,79 @@
 #include "platform/include/macsec.h"
 #include "platform/include/ports.h"
 
-#include <cstring>
-
 namespace {
 
-account_err_t error; // of the last operation on an account
-
 int read_account(uint8_t slot, account_t* account) {
-    error = ACCOUNT_ERROR_NONE;
+    account_err_t error = ACCOUNT_ERROR_NONE;
     account_getFromFlash(slot, account, &error);
     return error;
 }
 
 template <auto decrypt>
-void read_text(uint8_t slot, char* text) {
-    Roomy<account_t> account;
-    read_account(slot, &account.value);
-    decrypt(&account.value, text, 32, &error);
-}
-
-std::vector<Row> read_accounts() {
-    std::vector<Row> rows;
-    for (uint8_t slot = 0; slot < 15; ++slot) {
-        Roomy<account_t> account;
-        if (read_account(slot, &account.value) == ACCOUNT_ERROR_NONE) {
-            char texts[2][33] = {};
-            read_text<account_decryptUsername>(slot, texts[0]);
-            read_text<account_decryptPassword>(slot, texts[1]);
-            rows.push_back({texts[0], texts[1], account.value.access_right});
-        }
+int read_text(uint8_t slot, char* text) {
+    account_t accounts[2] = {}; // with room for a getter that writes too much
+    account_err_t error = read_account(slot, accounts);
+    if (error == ACCOUNT_ERROR_NONE) {
+        decrypt(accounts, text, 32, &error);
     }
-    return rows;
+    return error;
 }
 
 template <auto change>
-void change_account(const Row& row) {
+void change_account(const std::string& name) {
+    account_err_t error = ACCOUNT_ERROR_NONE;
     account_t account = {};
-    account_encryptUsername(&account, row.name.c_str(), 32, &error);
-    account_encryptPassword(&account, row.detail.c_str(), 32, &error);
-    account.access_right = static_cast<permission_t>(row.number);
+    account_encryptUsername(&account, name.c_str(), 32, &error);
+    account_encryptPassword(&account, "password-1", 32, &error);
+    account.access_right = user;
     change(&account, &error);
+}
+
+template <auto change>
+void change_nth(unsigned n) {
+    change_account<change>(formatted("check-%u", n));
 }
 
 // Restore adds an account with an empty name for each slot without keys, and deletes it.
 void check_empty_name() {
-    const std::size_t count = read_accounts().size();
-    change_account<account_addToFlash>(Row());
-    change_account<account_deleteFromFlash>(Row());
-    const std::size_t seen = read_accounts().size();
+    const Lines before = document_lines();
+    change_account<account_addToFlash>("");
+    change_account<account_deleteFromFlash>("");
     report("account_deleteFromFlash", "deletes an account with an empty name",
-           seen == count ? Phrase() : Phrase("expected %zu accounts, seen %zu", count, seen));
+           difference(before, document_lines()));
 }
 
 void check_accounts() {
-    const Phrase record("slot/1# account/%zur name@0/32 password@32/32 right@64/4",
-                        sizeof(account_t));
+    int empty = 0;
     for (uint8_t slot = 0; slot < 15; ++slot) {
-        Roomy<account_t> account;
-        if (read_account(slot, &account.value) == ACCOUNT_ERROR_NONE) {
-            check_getter({"account_getFromFlash", read_account}, record.chars, {slot});
-            check_getter({"account_decryptUsername", read_text<account_decryptUsername>},
-                         "slot/1# text/32t", {slot});
-            check_getter({"account_decryptPassword", read_text<account_decryptPassword>},
-                         "slot/1# text/32t", {slot});
-        }
+        account_t accounts[2] = {};
+        empty += read_account(slot, accounts) != ACCOUNT_ERROR_NONE ? 1 : 0;
     }
-    if (writing && stopped == 0) {
-        check_empty_name();
-    }
-    check_table({"account_addToFlash",
-                 "account_deleteFromFlash",
-                 read_accounts,
-                 change_account<account_addToFlash>,
-                 change_account<account_deleteFromFlash>,
-                 {"check-", "password-", user}});
-    check_setting({"usrflsh_getPSWD_minLen", +[](uint8_t* size) { usrflsh_getPSWD_minLen(size); }},
-                  {NAMED(usrflsh_setPSWD_minLen)}, "length/1=5-7");
-    check_setting({"usrflsh_getPSWD_maxLen", +[](uint8_t* size) { usrflsh_getPSWD_maxLen(size); }},
-                  {NAMED(usrflsh_setPSWD_maxLen)}, "length/1=20-31");
+    const Argument slots = index_up_to(15);
+    check_getter({"account_getFromFlash", read_account}, {slots, bytes(sizeof(account_t), 68)});
+    check_getter({"account_decryptUsername", read_text<account_decryptUsername>},
+                 {slots, text(32)});
+    check_getter({"account_decryptPassword", read_text<account_decryptPassword>},
+                 {slots, text(32)});
+    writes.push_back(check_empty_name);
+    const Lines lines = {"user name = \"check-#\" ;", "password = \"password-1\" ;",
+                         "access_right = \"0\" ;"};
+    check_table({"account_addToFlash", change_nth<account_addToFlash>},
+                {"account_deleteFromFlash", change_nth<account_deleteFromFlash>},
+                {numbers_up_to(empty), "[password] ", lines});
+    // Nothing is known of the results of these reads.
+    check_setting(
+        {"usrflsh_getPSWD_minLen", [](uint8_t* length) { usrflsh_getPSWD_minLen(length); }},
+        {NAMED(usrflsh_setPSWD_minLen)}, {{5, 7}});
+    check_setting(
+        {"usrflsh_getPSWD_maxLen", [](uint8_t* length) { usrflsh_getPSWD_maxLen(length); }},
+        {NAMED(usrflsh_setPSWD_maxLen)}, {{20, 31}});
 }
 
 // In the order of restore.
 int set_macsec(uint8_t port, const TstFlshMacsectEntry* entry) {
-    const std::string sci(entry->key.sci, strnlen(entry->key.sci, sizeof entry->key.sci));
-    const std::string sak(entry->key.sak, strnlen(entry->key.sak, sizeof entry->key.sak));
     U_MacsecPortEnable(port, entry->status);
-    const int result = U_MacsecSetKey(port, sci.c_str(), sak.c_str());
+    const int result = U_MacsecSetKey(port, entry->key.sci, entry->key.sak);
     U_MacsecSetPortEnable(port, entry->status);
     return result;
 }
@@ -98,21 +85,30 @@ int set_macsec(uint8_t port, const TstFlshMacsectEntry* entry) {
 } // namespace
 
 void check_security() {
+    const Argument ports = index_up_to(g_ucMaxPhyPort);
     check_accounts();
-    SETTING(U_Dot1xGetEbl, U_Dot1xSetEbl, "flag/1=0-1");
-    SETTING(U_FlshDot1xGetRds, U_Dot1xSetRds, "address/4a server/2=1-65535 accounting/2=1-65535");
-    SETTING(U_FlshDot1xGetRdsId, U_Dot1xSetRdsId, "identifier/30t size/1i=30");
-    SETTING(U_FlshDot1xGetRdsKey, U_Dot1xSetRdsKey, "shared-key/30t size/1i=30");
-    SETTING(U_Dot1xGetTimeoutQuiet, U_Dot1xSetTimeoutQuiet, "seconds/2=10-65535");
-    SETTING(U_Dot1xGetTimeoutTx, U_Dot1xSetTimeoutTx, "seconds/2=10-65535");
-    SETTING(U_Dot1xGetTimeoutSupplicant, U_Dot1xSetTimeoutSupplicant, "seconds/2=10-300");
-    SETTING(U_Dot1xGetTimeoutRds, U_Dot1xSetTimeoutRds, "seconds/2=10-300");
-    SETTING(U_Dot1xGetMaxReq, U_Dot1xSetMaxReq, "requests/1=2-10");
-    SETTING(U_Dot1xGetTimeoutReauth, U_Dot1xSetTimeoutReauth, "seconds/4=30-65535");
-    SETTING(U_Dot1xGetPortMode, U_Dot1xSetPortMode, "port/1# mode/1=0-2", {0, g_ucMaxPhyPort});
-    check_setting({NAMED(U_MacsecGetPortConf)}, {"U_MacsecSetKey", set_macsec},
-                  "port/1# entry/51r status@0/1=0-1 sci@1/17t sak@18/33t", {6, 2});
-    SETTING(U_LoginAuthSrvGetEbl, U_LoginAuthSrvSetEbl, "flag/1=0-1 kind/1=0-1 apply/1i=1");
-    SETTING(U_GetLoginAuthSrv, U_SetLoginAuthSrv,
-            "address/20p port/2=1-65535 shared-key/30t method/1=0-4 timeout/1=1-255 apply/1i=1");
+    SETTING(U_Dot1xGetEbl, U_Dot1xSetEbl, {0, 1});
+    SETTING(U_FlshDot1xGetRds, U_Dot1xSetRds, hosts(), {1, 65535}, {1, 65535});
+    SETTING(U_FlshDot1xGetRdsId, U_Dot1xSetRdsId, text(30), 30);
+    SETTING(U_FlshDot1xGetRdsKey, U_Dot1xSetRdsKey, text(30), 30);
+    SETTING(U_Dot1xGetTimeoutQuiet, U_Dot1xSetTimeoutQuiet, {10, 65535});
+    SETTING(U_Dot1xGetTimeoutTx, U_Dot1xSetTimeoutTx, {10, 65535});
+    SETTING(U_Dot1xGetTimeoutSupplicant, U_Dot1xSetTimeoutSupplicant, {10, 300});
+    SETTING(U_Dot1xGetTimeoutRds, U_Dot1xSetTimeoutRds, {10, 300});
+    SETTING(U_Dot1xGetMaxReq, U_Dot1xSetMaxReq, {2, 10});
+    SETTING(U_Dot1xGetTimeoutReauth, U_Dot1xSetTimeoutReauth, {30, 65535});
+    SETTING(U_Dot1xGetPortMode, U_Dot1xSetPortMode, ports, {0, 2});
+    static const TstFlshMacsectEntry macsec = {
+        1, {"tttttttttttttttt", "tttttttttttttttttttttttttttttttt"}};
+    check_setting(
+        {NAMED(U_MacsecGetPortConf)}, {"U_MacsecSetKey", set_macsec},
+        {index_up_to(8, 6), record(macsec, {0, {"", ""}},
+                                   {1, {"fedcba9876543210", "fedcba9876543210fedcba9876543210"}})});
+    static const ip_addr_t ipv4 = {0xffff, {{1, 1, 1, 1}}};
+    ip_addr_t addresses[2] = {};
+    str_to_ipaddr(&addresses[0], "192.0.2.10");
+    str_to_ipaddr(&addresses[1], "192.0.2.129");
+    SETTING(U_LoginAuthSrvGetEbl, U_LoginAuthSrvSetEbl, {0, 1}, {0, 1}, 1);
+    SETTING(U_GetLoginAuthSrv, U_SetLoginAuthSrv, record(ipv4, addresses[0], addresses[1]),
+            {1, 65535}, text(30), {0, 4}, {1, 255}, 1);
 }

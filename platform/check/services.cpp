@@ -10,111 +10,82 @@ namespace {
 
 constexpr const char* long_text = "a text that is too long for any field of names on this device";
 
-template <auto size, auto read>
-std::vector<Row> rows_of() {
-    std::vector<Row> rows(value_of(size));
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        rows[i] = read(static_cast<uint16_t>(i));
-    }
-    return rows;
+std::string name(unsigned n) {
+    return "check-" + std::to_string(n);
 }
 
-Row read_community(uint16_t index) {
-    uint8_t permission = 0;
-    char community[33] = {};
-    U_SnmpGetCommunityEntry(index, &permission, community);
-    return {community, "", permission};
+void check_communities() {
+    const unsigned long permission = accepted(Usrsnmp_check_community_permission_type).numbers[0];
+    const auto insert = [permission](unsigned n) {
+        U_SnmpInsCommunity(static_cast<uint8_t>(permission), name(n).c_str());
+    };
+    const auto remove = [](unsigned n) { U_SnmpDelCommunity(name(n).c_str()); };
+    const Lines lines = {"snmp community string = \"check-#\" ;",
+                         formatted("snmp community permission type = %lu ;", permission)};
+    check_table({"U_SnmpInsCommunity", insert}, {"U_SnmpDelCommunity", remove},
+                {numbers_up_to(15 - value_of(U_SnmpGetCommunitySize)), "[snmp settings] ", lines});
 }
 
-Row read_receiver(uint16_t index) {
+template <auto change>
+void change_receiver(unsigned n) {
     ip_addr_t address = {};
-    uint16_t port = 0;
-    char community[33] = {};
-    char text[64] = {};
-    U_SnmpGetTrapIpv6Entry(index, &address, &port, community);
-    ipaddr_to_str(text, &address);
-    return {community, text, port};
-}
-
-constexpr auto read_communities = rows_of<U_SnmpGetCommunitySize, read_community>;
-constexpr auto read_receivers = rows_of<U_SnmpGetTrapSize, read_receiver>;
-
-template <auto insert>
-void insert_receiver(const Row& row) {
-    ip_addr_t address = {};
-    str_to_ipaddr(&address, row.detail.c_str());
-    insert(&address, static_cast<uint16_t>(row.number), row.name.c_str());
+    str_to_ipaddr(&address, ("192.0.2." + std::to_string(n)).c_str());
+    change(&address, 162, "check");
 }
 
 unsigned short delete_receiver(const ip_addr_t* address, uint16_t port, const char*) {
     return U_SnmpDelTrapIpv6(address, port);
 }
 
-void check_tables() {
-    check_table({"U_SnmpInsCommunity",
-                 "U_SnmpDelCommunity",
-                 read_communities,
-                 [](const Row& row) {
-                     U_SnmpInsCommunity(static_cast<uint8_t>(row.number), row.name.c_str());
-                 },
-                 [](const Row& row) { U_SnmpDelCommunity(row.name.c_str()); },
-                 {"check-", "", accepted(Usrsnmp_check_community_permission_type, 0)}});
-    const Row receiver = {"check-", "192.0.2.1", 162};
-    check_table({"U_SnmpInsTrapIpv6", "U_SnmpDelTrapIpv6", read_receivers,
-                 insert_receiver<U_SnmpInsTrapIpv6>, insert_receiver<delete_receiver>, receiver});
-    check_table({"U_SnmpInsInformIpv6", "U_SnmpDelTrapIpv6", read_receivers,
-                 insert_receiver<U_SnmpInsInformIpv6>, insert_receiver<delete_receiver>, receiver});
+void check_receivers(const Change& insert) {
+    const Lines lines = {"snmp trap server ip = \"192.0.2.#\" ;", "snmp trap server port = 162 ;",
+                         "snmp trap server community string = \"check\" ;"};
+    check_table(insert, {"U_SnmpDelTrapIpv6", change_receiver<delete_receiver>},
+                {numbers_up_to(15 - value_of(U_SnmpGetTrapSize)), "[snmp settings] ", lines});
 }
 
-// A user cannot be deleted, so none is added.
 void check_users() {
-    const unsigned count = value_of(U_SnmpGetUsmSize);
-    GETTER(U_FlshSnmpGetUsmEntry, "row/2# name/16t protocol/1 password/32t privacy/1 key/32t",
-           {0, count});
-    REFUSES(Usrflsh_check_snmpV3_userName, long_text);
-    REFUSES(Usrflsh_check_snmpV3_authentication_password, "0123", long_text);
-    REFUSES(Usrflsh_check_snmpV3_encryption_key, "0123", long_text);
-    for (uint16_t i = 0; i < count; ++i) {
-        char name[17] = {};
-        char secrets[2][33] = {};
-        uint8_t protocols[2] = {};
-        char encrypted[2][encrypted_size];
-        U_FlshSnmpGetUsmEntry(i, name, &protocols[0], secrets[0], &protocols[1], secrets[1]);
-        encrypt_snmp_key(secrets[0], encrypted[0]);
-        encrypt_snmp_key(secrets[1], encrypted[1]);
-        ACCEPTS(Usrflsh_check_snmpV3_userName, name);
-        ACCEPTS(Usrflsh_check_snmpV3_authentication_password, encrypted[0]);
-        ACCEPTS(Usrflsh_check_snmpV3_encryption_key, encrypted[1]);
-    }
+    char secret[encrypted_size] = {};
+    encrypt_snmp_key("password-1", secret);
+    const auto insert = [](unsigned n) {
+        U_SnmpInsUsm(name(n).c_str(), SNMP_USM_AUTH_MD5, "password-1", SNMP_USM_PRIV_DES,
+                     "password-1");
+    };
+    const Lines lines = {"snmp v user name = \"check-#\" ;",
+                         formatted("snmp v authentication password = \"%s\" ;", secret),
+                         formatted("snmp v encryption key = \"%s\" ;", secret)};
+    check_lasting_table({"U_SnmpInsUsm", insert}, {numbers_up_to(15), "[snmp settings] ", lines});
 }
 
 void check_snmp() {
-    const Range receivers = {0, value_of(U_SnmpGetTrapSize)};
-    SETTING(U_SnmpGetEbl, U_SnmpSetEbl, "flag/1=0-1");
-    const Phrase version("version/1=%d-%d", accepted(Usrflsh_check_snmp_version, 0),
-                         accepted(Usrflsh_check_snmp_version, 1));
-    SETTING(U_FlshSnmpGetVer, U_FlshSnmpSetVer, version.chars);
-    SETTING(U_FlshSnmpGetMode, U_FlshSnmpSetMode, "mode/1=0-1");
-    GETTER(U_SnmpGetCommunitySize, "count/2");
-    GETTER(U_SnmpGetTrapSize, "count/2");
-    GETTER(U_SnmpGetUsmSize, "count/2");
-    GETTER(U_SnmpGetCommunityEntry, "row/2# permission/1 community/16t",
-           {0, value_of(U_SnmpGetCommunitySize)});
-    GETTER(U_SnmpGetTrapIpv6Entry, "row/2# address/20p port/2 community/16t", receivers);
-    GETTER(U_FlshSnmpGetTrapIpv6Entry, "row/2# address/20p port/2 community/16t", receivers);
-    VALIDATOR(Usrsnmp_check_snmp_enable, value_of(U_SnmpGetEbl), -2, 100);
-    VALIDATOR(Usrflsh_check_snmp_version, value_of(U_FlshSnmpGetVer), -2, 256);
-    VALIDATOR(Usrflsh_check_snmp_trap_mode, value_of(U_FlshSnmpGetMode), -2, 256);
-    for (const Row& row : read_communities()) {
-        VALIDATOR(Usrsnmp_check_community_string, row.name.c_str(), long_text);
-        VALIDATOR(Usrsnmp_check_community_permission_type, static_cast<int>(row.number), -2, 256);
-    }
-    for (const Row& row : read_receivers()) {
-        VALIDATOR(Usrsnmp_check_trap_server_ip, row.detail.c_str(), "not an address");
-        VALIDATOR(Usrsnmp_check_trap_server_port, static_cast<int>(row.number), -2, 65536);
-        VALIDATOR(Usrsnmp_check_trap_community_string, row.name.c_str(), long_text);
-    }
-    check_tables();
+    static const ip_addr_t ipv4 = {0xffff, {{1, 1, 1, 1}}};
+    const Argument address = record(ipv4);
+    const Argument receivers = index_up_to(value_of(U_SnmpGetTrapSize));
+    SETTING(U_SnmpGetEbl, U_SnmpSetEbl, {0, 1});
+    SETTING(U_FlshSnmpGetVer, U_FlshSnmpSetVer, accepted(Usrflsh_check_snmp_version));
+    SETTING(U_FlshSnmpGetMode, U_FlshSnmpSetMode, {0, 1});
+    GETTER(U_SnmpGetCommunitySize, {});
+    GETTER(U_SnmpGetTrapSize, {});
+    GETTER(U_SnmpGetUsmSize, {});
+    GETTER(U_SnmpGetCommunityEntry, index_up_to(value_of(U_SnmpGetCommunitySize)), {}, text(16));
+    GETTER(U_SnmpGetTrapIpv6Entry, receivers, address, {}, text(16));
+    GETTER(U_FlshSnmpGetTrapIpv6Entry, receivers, address, {}, text(16));
+    GETTER(U_FlshSnmpGetUsmEntry, index_up_to(value_of(U_SnmpGetUsmSize)), text(16), {}, text(32),
+           {}, text(32));
+    check_validator(NAMED(Usrsnmp_check_snmp_enable), {value_of(U_SnmpGetEbl)}, {-2, 100});
+    check_validator(NAMED(Usrflsh_check_snmp_version), {value_of(U_FlshSnmpGetVer)}, {-2, 256});
+    check_validator(NAMED(Usrflsh_check_snmp_trap_mode), {value_of(U_FlshSnmpGetMode)}, {-2, 256});
+    check_validator(NAMED(Usrsnmp_check_community_string), {}, {long_text});
+    check_validator(NAMED(Usrsnmp_check_community_permission_type), {}, {-2, 256});
+    check_validator(NAMED(Usrsnmp_check_trap_server_ip), {"192.0.2.1"}, {"not an address"});
+    check_validator(NAMED(Usrsnmp_check_trap_server_port), {162}, {-2, 65536});
+    check_validator(NAMED(Usrsnmp_check_trap_community_string), {}, {long_text});
+    check_validator(NAMED(Usrflsh_check_snmpV3_userName), {}, {long_text});
+    check_validator(NAMED(Usrflsh_check_snmpV3_authentication_password), {}, {"0123", long_text});
+    check_validator(NAMED(Usrflsh_check_snmpV3_encryption_key), {}, {"0123", long_text});
+    check_communities();
+    check_receivers({"U_SnmpInsTrapIpv6", change_receiver<U_SnmpInsTrapIpv6>});
+    check_receivers({"U_SnmpInsInformIpv6", change_receiver<U_SnmpInsInformIpv6>});
     check_users();
 }
 
@@ -134,53 +105,35 @@ unsigned short set_modbus_port(int port) {
     return result;
 }
 
-void check_modbus() {
-    SETTING(U_SysGetModbusAddr, U_SysSetModbusAddr, "address/1=1-247");
-    check_setting({NAMED(U_SysGetModbusEnabled)}, {"U_SysSetModbusEnabled", set_modbus},
-                  "flag/1=0-1");
-    check_setting({NAMED(U_SysGetModbusPort)}, {"U_SysSetModbusPort", set_modbus_port},
-                  "port/L=503-65535");
-    const auto port = static_cast<int>(value_of(U_SysGetModbusPort));
-    VALIDATOR(Usrmodbus_check_modbus_addr, value_of(U_SysGetModbusAddr), -2, 256);
-    VALIDATOR(Usrmodbus_check_modbus_enable, value_of(U_SysGetModbusEnabled), -2, 100);
-    VALIDATOR(Usrmodbus_check_modbus_port, port, -2, 65536);
-}
-
-void check_system_log() {
-    SETTING(Ui_SysLogFlashConfig, Ui_SysLogSet,
-            "to-flash/1=0-1 level/1=0-7 server/1=0-1 address/La port/2=1-65535");
-    uint8_t numbers[3] = {};
-    unsigned long address = 0;
-    uint16_t port = 0;
-    char text[64] = {};
-    Ui_SysLogFlashConfig(&numbers[0], &numbers[1], &numbers[2], &address, &port);
-    ip_to_str(text, address);
-    VALIDATOR(Usrsyslog_check_log_event_to_flash_status, numbers[0], -2, 100);
-    VALIDATOR(Usrsyslog_check_log_level, numbers[1], -2, 256);
-    VALIDATOR(Usrsyslog_check_system_log_server_status, numbers[2], -2, 100);
-    VALIDATOR(Usrsyslog_check_system_log_server_ip, text, "not an address", "256.1.1.1");
-    VALIDATOR(Usrsyslog_check_system_log_server_port, port, -2, 65536);
-}
-
 } // namespace
 
 void check_services() {
     check_snmp();
-    check_modbus();
-    check_system_log();
-    SETTING(U_SysGetMSNTP, U_SysSetMSNTP,
-            "client/1=0-1 zone/1=0-62 server1/32t server2/32t period/L=60-86400 last/4i=0");
-    GETTER(U_FlshntpIpDmStrngGet, "manual/1 ip-or-domain/1 ip/32t domain/32t");
-    SETTING(U_SysGetDaylight, U_SysSetDaylight,
-            "flag/1=0-1 month/1=3-4 week/1=1-2 day/1=0-1 hour/1=1-2 end-month/1=9-10 "
-            "end-week/1=1-2 end-day/1=0-1 end-hour/1=1-2 offset/1=1-2");
-    SETTING(U_FlshSmtpGetServer, U_FlshSmtpSetServer, "server/32t size/1i=32");
-    SETTING(U_FlshSmtpGetSendAdd, U_FlshSmtpSetSendAdd, "sender/32m size/1i=32");
-    SETTING(U_FlshSmtpGetSubject, U_FlshSmtpSetSubject, "subject/32t size/1i=32");
-    SETTING(U_FlshSmtpGetUnamePwd, U_FlshSmtpSetUnamePwd, "flag/1=0-1 user/32t password/16t");
-    SETTING(U_FlshSmtpGetTLS, U_FlshSmtpSetTLS, "flag/1=0-1");
-    SETTING(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd, "one/32m two/32m three/32m four/32m");
-    if (writing) {
-        U_SysSetRelayConfig();
-    }
+    SETTING(U_SysGetModbusAddr, U_SysSetModbusAddr, {1, 247});
+    check_setting({NAMED(U_SysGetModbusEnabled)}, {"U_SysSetModbusEnabled", set_modbus}, {{0, 1}});
+    check_setting({NAMED(U_SysGetModbusPort)}, {"U_SysSetModbusPort", set_modbus_port},
+                  {{503, 65535}});
+    check_validator(NAMED(Usrmodbus_check_modbus_addr), {value_of(U_SysGetModbusAddr)}, {-2, 256});
+    check_validator(NAMED(Usrmodbus_check_modbus_enable), {value_of(U_SysGetModbusEnabled)},
+                    {-2, 100});
+    check_validator(NAMED(Usrmodbus_check_modbus_port),
+                    {static_cast<int>(value_of(U_SysGetModbusPort))}, {-2, 65536});
+    SETTING(Ui_SysLogFlashConfig, Ui_SysLogSet, {0, 1}, {0, 7}, {0, 1}, hosts(), {1, 65535});
+    check_validator(NAMED(Usrsyslog_check_log_event_to_flash_status), {0, 1}, {-2, 100});
+    check_validator(NAMED(Usrsyslog_check_log_level), {}, {-2, 256});
+    check_validator(NAMED(Usrsyslog_check_system_log_server_status), {0, 1}, {-2, 100});
+    check_validator(NAMED(Usrsyslog_check_system_log_server_ip), {},
+                    {"not an address", "256.1.1.1"});
+    check_validator(NAMED(Usrsyslog_check_system_log_server_port), {514}, {-2, 65536});
+    SETTING(U_SysGetMSNTP, U_SysSetMSNTP, {0, 1}, {0, 62}, text(32), text(32), {60, 86400}, 0);
+    GETTER(U_FlshntpIpDmStrngGet, {}, {}, text(32), text(32));
+    SETTING(U_SysGetDaylight, U_SysSetDaylight, {0, 1}, {3, 4}, {1, 2}, {0, 1}, {1, 2}, {9, 10},
+            {1, 2}, {0, 1}, {1, 2}, {1, 2});
+    SETTING(U_FlshSmtpGetServer, U_FlshSmtpSetServer, text(32), 32);
+    SETTING(U_FlshSmtpGetSendAdd, U_FlshSmtpSetSendAdd, text(32), 32);
+    SETTING(U_FlshSmtpGetSubject, U_FlshSmtpSetSubject, text(32), 32);
+    SETTING(U_FlshSmtpGetUnamePwd, U_FlshSmtpSetUnamePwd, {0, 1}, text(32), text(16));
+    SETTING(U_FlshSmtpGetTLS, U_FlshSmtpSetTLS, {0, 1});
+    SETTING(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd, text(32), text(32), text(32), text(32));
+    writes.push_back([] { U_SysSetRelayConfig(); });
 }

@@ -1,12 +1,13 @@
 #include "platform/check/check.h"
 #include "platform/include/acl.h"
+#include "platform/include/converters.h"
 #include "platform/include/port_security.h"
 #include "platform/include/ports.h"
 #include "platform/include/qos.h"
 #include "platform/include/rstp.h"
 #include "platform/include/vlan.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace {
 
@@ -14,26 +15,21 @@ unsigned short set_bpdu_guard(const TstBpduGuardCfg* guard) {
     return U_StpSetBpduGuardCfg(static_cast<char>(guard->bEbl), guard->ulIntervalTime);
 }
 
-unsigned short bpdu_guard(uint8_t port, TstBpduGuardPortState* state) {
-    const uint8_t before = state->ucPortId;
-    state->ucPortId = port;
-    const unsigned short result = U_FlshStpGetBpduGuardPortState(state);
-    state->ucPortId = before; // as it was, for a call that fails
+unsigned short bpdu_guard(uint8_t port, char* enabled) {
+    TstBpduGuardPortState states[8] = {{port, *enabled, 0}};
+    const unsigned short result = U_FlshStpGetBpduGuardPortState(states);
+    *enabled = states[0].bBpduGuardEbl;
     return result;
 }
 
-unsigned short set_port_bpdu_guard(uint8_t port, const TstBpduGuardPortState* state) {
-    return U_StpSetPortBpduGuardEbl(port, state->bBpduGuardEbl);
-}
-
-int protection(stp_rstp_t* flags, uint8_t port) {
+int protection(uint8_t port, stp_rstp_t* flags) {
     stp_rstp_err_t error = STP_RSTP_NO_ERROR;
     stp_rstp_getFromFlash(flags, port, &error);
     return error;
 }
 
 // In the order of restore.
-int set_protection(const stp_rstp_t* flags, uint8_t port) {
+int set_protection(uint8_t port, const stp_rstp_t* flags) {
     stp_rstp_err_t error = STP_RSTP_NO_ERROR;
     U_StpSetPortRootGuard(port, static_cast<char>(flags->root_guard));
     U_StpSetPortBpduFilter(port, static_cast<char>(flags->bpdu_filter));
@@ -42,55 +38,94 @@ int set_protection(const stp_rstp_t* flags, uint8_t port) {
 }
 
 void check_rstp() {
-    const Range ports = {0, g_ucMaxPhyPort};
-    SETTING(U_StpGetEbl, U_StpSetEbl, "flag/1=0-1");
-    SETTING(U_StpGetForceVersion, U_StpSetForceVersion, "version/1=0-2");
-    SETTING(U_StpGetPriority, U_StpSetPriority, "priority/2=4096-61440");
+    static const TstBpduGuardCfg guard = {1, ~0U};
+    const Argument port = index_up_to(g_ucMaxPhyPort);
+    SETTING(U_StpGetEbl, U_StpSetEbl, {0, 1});
+    SETTING(U_StpGetForceVersion, U_StpSetForceVersion, {0, 2});
+    SETTING(U_StpGetPriority, U_StpSetPriority, {4096, 61440});
     check_setting({NAMED(U_FlshStpGetBpduGuardCfg)}, {"U_StpSetBpduGuardCfg", set_bpdu_guard},
-                  "guard/8r flag@0/1=0-1 interval@4/4=30-300");
-    SETTING(U_FlshStpGetPortEdge, U_FlshStpSetPortEdge, "port/1# flag/1=0-1", ports);
-    SETTING(U_FlshStpGetPortNonstp, U_StpSetPortNonstp, "port/1# flag/1=0-1", ports);
-    check_setting({"U_FlshStpGetBpduGuardPortState", bpdu_guard},
-                  {"U_StpSetPortBpduGuardEbl", set_port_bpdu_guard},
-                  "port/1# state/3r flag@1/1=0-1", ports);
+                  {record(guard, {0, 30}, {1, 300})});
+    SETTING(U_FlshStpGetPortEdge, U_FlshStpSetPortEdge, port, {0, 1});
+    SETTING(U_FlshStpGetPortNonstp, U_StpSetPortNonstp, port, {0, 1});
+    check_setting({"U_FlshStpGetBpduGuardPortState", bpdu_guard}, {NAMED(U_StpSetPortBpduGuardEbl)},
+                  {port, {0, 1}});
     check_setting({"stp_rstp_getFromFlash", protection}, {"stp_rstp_setToFlash", set_protection},
-                  "flags/102r bpdu-filter@0/1=0-1 root-guard@1/1=0-1 port/1#", ports);
+                  {port, bytes(sizeof(stp_rstp_t), 2, 0, 1)});
 }
 
-unsigned short switch_ports(TstFlshPortSecMac* security) {
-    unsigned short result = 0;
+void switch_ports(TstFlshPortSecMac* security) {
     for (uint8_t port = 0; port < g_ucMaxPhyPort && port < 32; ++port) {
         const port_mac_t& entry = security->port_max_mac[port];
-        result |= U_PortSecSwitchMac(port, entry.Action, security->gblebl, entry.MaxMac);
+        U_PortSecSwitchMac(port, entry.Action, security->gblebl, entry.MaxMac);
     }
-    return result;
 }
 
 void check_port_security() {
-    const int ports = g_ucMaxPhyPort < 32 ? g_ucMaxPhyPort : 32;
-    const Phrase parts("security/194r action@1/1*%d+6=0-1 limit@4/2*%d+6=1-128 flag@192/1=0-1",
-                       ports, ports);
-    SETTING(U_FlshPortSecMacGet, U_FlshPortSecMacSet, parts.chars);
-    check_setting({NAMED(U_FlshPortSecMacGet)}, {"U_PortSecSwitchMac", switch_ports}, parts.chars);
+    static TstFlshPortSecMac counts = {}, off = {}, on = {};
+    for (uint8_t port = 0; port < g_ucMaxPhyPort && port < 32; ++port) {
+        counts.port_max_mac[port] = {0, 1, 0, 0xffff};
+        off.port_max_mac[port] = {0, 0, 0, 1};
+        on.port_max_mac[port] = {0, 1, 0, 128};
+    }
+    counts.gblebl = on.gblebl = 1;
+    const Argument security = record(counts, off, on);
+    SETTING(U_FlshPortSecMacGet, U_FlshPortSecMacSet, security);
+    check_setting({NAMED(U_FlshPortSecMacGet)}, {"U_PortSecSwitchMac", switch_ports}, {security});
+}
+
+TstFlshAcl made_rule(unsigned index, const std::string& name, uint8_t policy) {
+    TstFlshAcl rule = {};
+    rule.usIndex = static_cast<uint16_t>(index);
+    name.copy(rule.acAclName, sizeof rule.acAclName - 1);
+    rule.stClassifier = {ACL_CLASSIFIER_SA | ACL_CLASSIFIER_SRC_IP,
+                         {2, 0, 0, 0, 0, policy},
+                         {255, 255, 255, 255, 255, 255},
+                         static_cast<uint32_t>(hosts().numbers[policy - 1]),
+                         static_cast<uint32_t>(ip("255.255.255.0")),
+                         {{policy, 0}}};
+    rule.stPolicy.ulBitMap = policy;
+    return rule;
 }
 
 unsigned short insert_rule(uint32_t, TstFlshAcl* rule) {
     return U_AclInsRule(rule->usIndex, rule);
 }
 
-// A rule cannot be deleted, so none is added.
+// Sets the rules that exist, and with --fill adds others: no operation deletes one.
 void check_rules() {
+    static const TstFlshAcl counts = {
+        0,
+        "ttttttttttttttttttttttttttttttt",
+        {~0U, {1, 1, 1, 1, 1, 1}, {1, 1, 1, 1, 1, 1}, ~0U, ~0U, {{~0U, ~0U}}},
+        {~0U}};
+    std::vector<unsigned> unused = numbers_up_to(33);
     for (uint32_t slot = 0; slot < 33; ++slot) {
-        Roomy<TstFlshAcl> rule;
-        if (U_FlshGetAcl(slot, &rule.value) == 0 && rule.value.usIndex != 0) {
-            check_setting(
-                {NAMED(U_FlshGetAcl)}, {"U_AclInsRule", insert_rule},
-                "slot/4# rule/72r name@2/32t conditions@36/4=1-65 mac@40/1*6=2-254 "
-                "mac-mask@46/1*6=255-254 ip@52/4a ip-mask@56/4a=1 ports@60/4=1-3 policy@68/4=1-2",
-                {slot});
+        TstFlshAcl rules[2] = {};
+        if (U_FlshGetAcl(slot, rules) == 0 && rules[0].usIndex != 0) {
+            const unsigned index = rules[0].usIndex;
+            unused.erase(std::remove(unused.begin(), unused.end(), index), unused.end());
+            check_setting({NAMED(U_FlshGetAcl)}, {"U_AclInsRule", insert_rule},
+                          {index_up_to(slot + 1, slot), record(counts, made_rule(index, "check", 1),
+                                                               made_rule(index, "another", 2))});
         }
     }
+    const auto insert = [](unsigned n) {
+        TstFlshAcl rule = made_rule(n, "check-" + std::to_string(n), 2);
+        rule.stClassifier.ulBitMap = ACL_CLASSIFIER_SRC_IP;
+        U_AclInsRule(rule.usIndex, &rule);
+    };
+    const Lines lines = {"Index_Id = \"#\" ;",
+                         "Profile Name       = \"check-#\" ;",
+                         "Action             = \"Deny\" ;",
+                         "Source MAC         = \"\" ;",
+                         "Mask of Source MAC = \"\" ;",
+                         "Source IP          = \"192.0.2.129\" ;",
+                         "Mask of Source IP  = \"255.255.255.0\" ;",
+                         "Source_Interface   = \"2\" ;"};
+    check_lasting_table({"U_AclInsRule", insert}, {unused, "[Acl setting] Acl_Rule_ ", lines});
 }
+
+constexpr int unchanged = -1;
 
 bool has_vlan(unsigned id) {
     TstLPortMask masks[2] = {};
@@ -99,89 +134,108 @@ bool has_vlan(unsigned id) {
 }
 
 // Roles and lists, and which of the VLANs that a write adds are there.
-void vlans(vlan_data_t* data, uint8_t* first, uint8_t* second, uint8_t* third) {
+void vlans(vlan_data_t* data, uint8_t* added) {
     get_vlan_data(data);
-    *first = has_vlan(4001) ? 1 : 0;
-    *second = has_vlan(4003) ? 1 : 0;
-    *third = has_vlan(4005) ? 1 : 0;
+    *added = static_cast<uint8_t>(has_vlan(4001) << 2 | has_vlan(4003) << 1 | has_vlan(4005));
 }
 
-// The buffers of a check, and of the set after it.
-struct Work {
-    char message[100];
-    TstFlshVlanEntry table[512];
-    int32_t removals[512];
-} work;
+// The buffers of a check and of the set after it.
+struct Entries {
+    TstFlshVlanEntry entries[512];
+};
+struct Removals {
+    int32_t numbers[512];
+};
 
-int check_vlans(vlan_data_t* data) {
-    std::memset(&work, 0, sizeof work);
-    return check_vlan_data(data, work.message, work.table, work.removals);
+int check_vlans(vlan_data_t* data, char* message, Entries* entries, Removals* removals) {
+    std::memset(message, 0, 100);
+    *entries = {};
+    *removals = {};
+    return check_vlan_data(data, message, entries->entries, removals);
 }
 
 // A getter of the buffers, for the guard bytes around them.
-void check_buffers(vlan_data_t* data, char* message, TstFlshVlanEntry* table, int32_t* removals) {
-    std::memset(message, 0, sizeof work.message);
-    std::memset(table, 0, sizeof work.table);
-    std::memset(removals, 0, sizeof work.removals);
+void read_buffers(vlan_data_t* data, char* message, Entries* entries, Removals* removals) {
     get_vlan_data(data);
-    check_vlan_data(data, message, table, removals);
+    check_vlans(data, message, entries, removals);
 }
 
 int set_vlans(vlan_data_t* data) {
-    const int verdict = check_vlans(data);
-    set_vlan_data(data, work.message, work.table, work.removals, 1);
+    static Entries entries;
+    static Removals removals;
+    static char message[100];
+    const int verdict = check_vlans(data, message, &entries, &removals);
+    set_vlan_data(data, message, entries.entries, &removals, 1);
     return verdict;
 }
 
-void check_verdict(const char* what, int expected, int role, const char* more) {
-    static vlan_data_t data;
-    std::memset(&data, 0, sizeof data);
-    get_vlan_data(&data);
-    char* list = data.vlan_str[0];
-    data.portrole[0] = role < 0 ? data.portrole[0] : role;
+// What the device has, but for the role of a port and more in its list.
+vlan_data_t vlans_with(unsigned port, int role, const char* more) {
+    static vlan_data_t data[2];
+    std::memset(data, 0, sizeof data);
+    get_vlan_data(data);
+    char(&list)[1024] = data->vlan_str[port];
+    data->portrole[port] = role == unchanged ? data->portrole[port] : role;
     std::strncat(list, more + (list[0] == '\0' && more[0] == ',' ? 1 : 0),
-                 1023 - strnlen(list, 1023));
-    const int verdict = check_vlans(&data);
-    expect(verdict == expected, "check_vlan_data", what,
-           {"expected %d, seen %d", expected, verdict});
+                 sizeof list - 1 - strnlen(list, sizeof list - 1));
+    return data[0];
+}
+
+void check_verdict(const char* what, int expected, int role, const char* more) {
+    static Entries entries;
+    static Removals removals;
+    char message[100];
+    vlan_data_t data = vlans_with(0, role, more);
+    expect("check_vlan_data", what, expected, check_vlans(&data, message, &entries, &removals));
 }
 
 void check_vlan_header() {
-    GETTER(get_vlan_data, "data/8256r role@0/4*8 list@64/1024*8t");
+    static const TstLPortMask all = {{~0U, ~0U}}, eight = {{256, 0}};
+    static const TstFlshVlanPortBasedEntry every_port = {{all, all, all, all, all, all, all, all}};
     const unsigned management = value_of(U_VlanGetMgnVlanId);
     unsigned other = 1;
     while (other < 4094 && (other == management || !has_vlan(other))) {
         ++other;
     }
-    GETTER(U_VlanGetSttcEntry, "id/2# members/8 tagged/8 protocol/2", {management, 1});
-    check_getter({"check_vlan_data", check_buffers},
-                 "data/8256r message/100r table/28672r removals/2048r");
-    check_verdict("accepts the device's own", 0, -1, "");
+    static vlan_data_t counts;
+    std::memset(counts.portrole, 1, sizeof counts.portrole);
+    for (auto& list : counts.vlan_str) {
+        std::memset(list, 't', sizeof list - 1);
+    }
+    GETTER(get_vlan_data, record(counts));
+    GETTER(U_VlanGetSttcEntry, management, bytes(8, 8), bytes(8, 8), {});
+    check_getter({"check_vlan_data", read_buffers},
+                 {bytes(sizeof(vlan_data_t), 0), bytes(100, 0), bytes(sizeof(Entries), 0),
+                  bytes(sizeof(Removals), 0)});
+    check_verdict("accepts the device's own", VLAN_DATA_VALID, unchanged, "");
     check_verdict("finds a role that is neither", VLAN_DATA_ROLE, 2, "");
     check_verdict("finds an access port in two VLANs", VLAN_DATA_ACCESS_LIST, 0, ",4093,4094");
     check_verdict("finds what is not a number", VLAN_DATA_ID_VALUE, 1, ",x");
     check_verdict("finds a number out of range", VLAN_DATA_ID_RANGE, 1, ",4095");
-    const int port = g_ucMaxPhyPort < 1 ? 0 : g_ucMaxPhyPort < 8 ? g_ucMaxPhyPort - 1 : 7;
-    const Phrase parts(
-        "data/8256r role@%d/4=1-1 list@%d/1024v first/1=1-1 second/1=1-0 third/1=1-1", 4 * port,
-        64 + 1024 * port);
-    check_setting({"get_vlan_data", vlans}, {"set_vlan_data", set_vlans}, parts.chars);
+    const unsigned port = std::clamp<unsigned>(g_ucMaxPhyPort, 1, 8) - 1;
+    check_setting(
+        {"get_vlan_data", vlans}, {"set_vlan_data", set_vlans},
+        {record(counts, vlans_with(port, 1, ",4001,4003,4005"), vlans_with(port, 1, ",4001,4005")),
+         {7, 5}});
     SETTING(U_VlanGetMgnVlanId, U_FlshVlanSetMgnVlanId,
-            Phrase("id/2=%u-%u", management, has_vlan(other) ? other : management).chars);
+            {management, has_vlan(other) ? other : management});
     SETTING(U_FlshVlanGetPortBasedEntry, U_FlshVlanSetPortBasedEntry,
-            "table/64r low@0/4*8+8=256-0 high@4/4*8+8=0-0");
+            record(every_port, {{eight, eight, eight, eight, eight, eight, eight, eight}}));
 }
 
 } // namespace
 
 void check_switching() {
+    static const TstFlshSchedulemode counts = {
+        0xffff, {~0U, ~0U, ~0U, ~0U, ~0U, ~0U, ~0U, ~0U}, -1};
     check_rstp();
     check_vlan_header();
     check_rules();
     SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode,
-            "mode/40r sch@0/2=0-0 weight@4/4*8=1-8 classify@36/4=1-3");
-    SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode, "mode/40r sch@0/2=0-7");
-    SETTING(U_QosGetcosqueuemapping, U_QosSetcosqueuemapping, "queues/8r queue@0/1*8=1-6");
-    SETTING(U_QosGetdscpmapping, U_QosSetdscpmapping, "values/64r value@0/1*64=1-6");
+            record(counts, {0, {1, 1, 1, 1, 1, 1, 1, 1}, 1}, {0, {8, 8, 8, 8, 8, 8, 8, 8}, 3}));
+    SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode,
+            bytes(sizeof(TstFlshSchedulemode), 2, 0, 7));
+    SETTING(U_QosGetcosqueuemapping, U_QosSetcosqueuemapping, bytes(8, 8, 1, 6));
+    SETTING(U_QosGetdscpmapping, U_QosSetdscpmapping, bytes(64, 64, 1, 6));
     check_port_security();
 }

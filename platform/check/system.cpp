@@ -7,20 +7,45 @@
 #include "platform/include/services.h"
 #include "platform/include/warnings.h"
 
+#include <algorithm>
+
 namespace {
 
 // These validators return 0 for what they accept.
 template <typename... Texts>
 void check_texts(const char* name, unsigned short (*validate)(Texts...), bool is_good,
                  Texts... texts) {
-    const unsigned short code = validate(texts...);
-    expect((code == 0) == is_good, name, is_good ? "accepts what is right" : "refuses what is not",
-           {"expected %s, seen %u", is_good ? "0" : "a code", code});
+    expect(name, is_good ? "returns 0 for what is right" : "returns a code for what is not",
+           is_good, validate(texts...) == 0);
 }
 
-void check_address_validators() {
+// On is 1. Any other number is off, which is set as 3.
+unsigned short lldp_state(unsigned char* state) {
+    const unsigned short result = U_LldpGetEnable(state);
+    *state = result != 0 || *state == 1 ? *state : 3;
+    return result;
+}
+
+// No port is -1, and is read as 65535.
+unsigned short set_mirror(char state, unsigned char mode, int16_t analyzer, int16_t monitored) {
+    return U_FwdSetPortMirror(state, mode, analyzer, monitored);
+}
+
+constexpr TstFlshPeriodic schedule = {1, 0xffff, 0xffff, 0xffffffff};
+
+} // namespace
+
+void check_system() {
     const char* host = "192.0.2.1";
     const char* mask = "255.255.255.0";
+    GETTER(get_full_model_name, text(33));
+    GETTER(U_SysGetMac, bytes(6, 6));
+    GETTER(U_SysGetFirmwareVer, {}, {}, {});
+    SETTING(U_FlshSysInfoGetName, U_FlshSysInfoSetName, text(30), 30);
+    SETTING(U_FlshSysGetDhcp, U_FlshSysSetDhcp, {0, 1});
+    SETTING(U_FlshSysGetIp, U_FlshSysSetIp, hosts(), {ip("255.255.255.0"), ip("255.255.0.0")});
+    SETTING(U_FlshSysGetGateway, U_FlshSysSetGateway, hosts());
+    SETTING(U_FlshSysGetDNSIp, U_FlshSysSetDNSIp, 1, hosts());
     check_texts(NAMED(U_SysCheckIpMaskString), true, host, mask);
     check_texts(NAMED(U_SysCheckIpMaskString), false, "256.1.1.1", mask);
     check_texts(NAMED(U_SysCheckIpMaskString), false, host, "mask");
@@ -30,44 +55,17 @@ void check_address_validators() {
     check_texts(NAMED(U_SysCheckInTheSubnet), false, host, mask, "198.51.100.1");
     check_texts(NAMED(U_SysCheckDnsString), true, host);
     check_texts(NAMED(U_SysCheckDnsString), false, "server");
-}
-
-// On is 1. Any other number is off, which is set as 3.
-unsigned short lldp_state(unsigned char* state) {
-    const unsigned short result = U_LldpGetEnable(state);
-    *state = *state == 1 ? 1 : 3;
-    return result;
-}
-
-// No port is -1, and is read as 65535.
-unsigned short set_mirror(char state, unsigned char mode, int16_t analyzer, int16_t monitored) {
-    return U_FwdSetPortMirror(state, mode, analyzer, monitored);
-}
-
-} // namespace
-
-void check_system() {
-    check_getter({"get_full_model_name", +[](char* name) { get_full_model_name(name); }},
-                 "name/33t");
-    GETTER(U_SysGetMac, "address/6");
-    GETTER(U_SysGetFirmwareVer, "major/1 minor/1 date/L");
-    SETTING(U_FlshSysInfoGetName, U_FlshSysInfoSetName, "name/30t size/1i=30");
-    SETTING(U_FlshSysGetDhcp, U_FlshSysSetDhcp, "flag/1=0-1");
-    SETTING(U_FlshSysGetIp, U_FlshSysSetIp, "address/La mask/La=1");
-    SETTING(U_FlshSysGetGateway, U_FlshSysSetGateway, "address/La");
-    SETTING(U_FlshSysGetDNSIp, U_FlshSysSetDNSIp, "server/2i=1 address/La");
-    check_address_validators();
-    GETTER(U_LldpGetEnable, "state/1");
-    check_setting({"U_LldpGetEnable", lldp_state}, {NAMED(U_LldpSetEnable)}, "state/1=3-1");
-    SETTING(U_FlshHTTPSGet, U_FlshHTTPSSet, "flag/1=0-1");
+    check_setting({"U_LldpGetEnable", lldp_state}, {NAMED(U_LldpSetEnable)}, {{3, 1}});
+    SETTING(U_FlshHTTPSGet, U_FlshHTTPSSet, {0, 1});
     check_setting({NAMED(U_FwdGetPortMirror)}, {"U_FwdSetPortMirror", set_mirror},
-                  "state/1=1-1 mode/1=3-3 analyzer/2=0-1 monitored/2=1-0");
-    check_setting({"get_eeprom_serial_port", +[](int* flag) { *flag = get_eeprom_serial_port(); }},
-                  {NAMED(set_eeprom_serial_port)}, "flag/4=0-1");
+                  {{1, 1}, {3, 3}, {0, 1}, {1, 0}});
+    check_setting({"get_eeprom_serial_port", [](int* flag) { *flag = get_eeprom_serial_port(); }},
+                  {NAMED(set_eeprom_serial_port)}, {{0, 1}});
     SETTING(U_GetPeriodicSetting, U_SetPeriodicSetting,
-            "setting/12r backUp@0/1=0-1 hour@2/2=0-23 minute@4/2=0-59 server@8/4a");
+            record(schedule, {0, 0, 0, static_cast<uint32_t>(hosts().numbers[0])},
+                   {1, 23, 59, static_cast<uint32_t>(hosts().numbers[1])}));
     SETTING(U_FlshSysGetEmailPort, U_SysSetEmailPort,
-            Phrase("codes/32r port@0/1*%d=1-3", g_ucMaxPhyPort < 32 ? g_ucMaxPhyPort : 32).chars);
-    SETTING(U_FlshSysGetEmailPower, U_SysSetEmailPower, "codes/2r power@0/1*2=1-2");
-    SETTING(U_SysGetEmailSyslog, U_SysSetEmailSyslog, "level/1=7-100");
+            bytes(32, std::min<std::size_t>(g_ucMaxPhyPort, 32), 1, 3));
+    SETTING(U_FlshSysGetEmailPower, U_SysSetEmailPower, bytes(2, 2, 1, 2));
+    SETTING(U_SysGetEmailSyslog, U_SysSetEmailSyslog, {7, 100});
 }

@@ -2,6 +2,7 @@
 // takes these operations from here. FAULT in the environment names the faulty one.
 
 #include "platform/include/accounts.h"
+#include "platform/include/acl.h"
 #include "platform/include/aes.h"
 #include "platform/include/converters.h"
 #include "platform/include/dot1x.h"
@@ -21,6 +22,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+
+#include <unistd.h>
 
 namespace {
 const char* const fault = std::getenv("FAULT") != nullptr ? std::getenv("FAULT") : "";
@@ -122,7 +125,17 @@ FAULTY(
     U_SnmpInsCommunity, (uint8_t permission, const char* community), (permission, community),
     if (++calls == 5) { std::raise(SIGTERM); })
 
-// A key that changes when the configuration is loaded.
+// Tables that cannot be emptied: a privacy key that is lost, and a rule that goes into
+// the slot of another.
+FAULTY(U_SnmpInsUsm,
+       (const char* name, uint8_t authentication, const char* password, uint8_t privacy,
+        const char* privacy_key),
+       (name, authentication, password, privacy, privacy_key), privacy_key = "";)
+FAULTY(U_AclInsRule, (uint16_t index, TstFlshAcl* rule), (index, rule),
+       index = index > 9 ? 9 : index;)
+
+// A key that changes when the configuration is loaded, or is another in each process.
 extern "C" uint8_t wrap_key[32] asm("__wrap_key");
-uint8_t wrap_key[32] = {1};
-FAULTY(initdef, (), (), wrap_key[0] = 2;)
+uint8_t wrap_key[32] = {std::strcmp(fault, "key") == 0 ? static_cast<uint8_t>(getpid())
+                                                       : uint8_t(1)};
+FAULTY(initdef, (), (), wrap_key[0] ^= 2;)
