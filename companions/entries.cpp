@@ -47,7 +47,6 @@ Entry* find_set_by(const char* line, Document& document, const char* section) {
     return found != nullptr && (found->value == nullptr) == is_section ? found : nullptr;
 }
 
-// A line that continues another sets nothing.
 void place_lines(Document& document) {
     const Entry* section = nullptr;
     char* rest = document.text;
@@ -69,6 +68,28 @@ void place_lines(Document& document) {
 void print_spelt(const Entry& entry, const char* text) {
     const char* spelt = entry.line != nullptr ? strcasestr(entry.line, text) : nullptr;
     printf("%.*s", static_cast<int>(strlen(text)), spelt != nullptr ? spelt : text);
+}
+
+// In the letter case of the document.
+void print_name(const Entry& entry) {
+    printf("[");
+    if (entry.section != nullptr) {
+        print_spelt(*entry.section, entry.section->name);
+    }
+    printf(entry.value != nullptr ? "] " : "]");
+    print_spelt(entry, entry.key);
+}
+
+void print_value(const Entry& entry) {
+    bool is_secret = false;
+    for (const char* word : {"pass", "key", "community", "sci", "sak", "secret"}) {
+        is_secret |= strstr(entry.key, word) != nullptr;
+    }
+    if (entry.value == nullptr) {
+        printf("the whole section");
+    } else {
+        printf(is_secret ? "(secret)" : "\"%s\"", entry.value);
+    }
 }
 
 } // namespace
@@ -93,40 +114,48 @@ bool open_document(Document& document, const char* path) {
     return true;
 }
 
-void match(Document& one, Document& other) {
-    for (int i = 0; i < one.entry_count; ++i) {
-        Entry& entry = one.entries[i];
-        if (Entry* found = find(other, entry.name)) {
-            entry.other = found;
-            found->other = &entry;
+void pair_entries() {
+    for (int i = 0; i < document_b.entry_count; ++i) {
+        Entry& entry = document_b.entries[i];
+        entry.other = find(document_a, entry.name);
+        if (entry.other != nullptr) {
+            entry.other->other = &entry;
+        }
+        pairs[pair_count++] = {entry.other, &entry};
+    }
+    for (int i = 0; i < document_a.entry_count; ++i) {
+        if (document_a.entries[i].other == nullptr) {
+            pairs[pair_count++] = {&document_a.entries[i], nullptr};
         }
     }
 }
 
-bool is_in_both(const Entry& entry) {
-    if (entry.other == nullptr || entry.value == nullptr || entry.other->value == nullptr) {
-        return entry.other != nullptr && entry.value == entry.other->value;
+bool is_same(const Pair& pair) {
+    if (pair.a == nullptr || pair.b == nullptr) {
+        return false;
     }
-    return strcmp(entry.value, entry.other->value) == 0;
+    const bool are_keys = pair.a->value != nullptr && pair.b->value != nullptr;
+    return are_keys ? strcmp(pair.a->value, pair.b->value) == 0 : pair.a->value == pair.b->value;
 }
 
-void print_name(const Entry& entry) {
-    printf("[");
-    if (entry.section != nullptr) {
-        print_spelt(*entry.section, entry.section->name);
+// Of what one lacks it shows only the switch's value: in a document, a misspelt key may
+// hide a secret.
+void print_difference(const Pair& pair, bool about_switch) {
+    if (pair.a != nullptr) {
+        printf("line %d: ", pair.a->line_number);
     }
-    printf(entry.value != nullptr ? "] " : "]");
-    print_spelt(entry, entry.key);
-}
-
-void print_value(const Entry& entry) {
-    bool is_secret = false;
-    for (const char* word : {"pass", "key", "community", "sci", "sak", "secret"}) {
-        is_secret |= strstr(entry.key, word) != nullptr;
-    }
-    if (entry.value == nullptr) {
-        printf("the whole section");
+    print_name(pair.a != nullptr ? *pair.a : *pair.b);
+    if (pair.a == nullptr) {
+        printf(about_switch ? ": document lacks it" : ": A lacks it");
+    } else if (pair.b == nullptr) {
+        printf(about_switch ? ": switch lacks it" : ": B lacks it");
     } else {
-        printf(is_secret ? "(secret)" : "\"%s\"", entry.value);
+        printf(about_switch ? ": document " : ": A ");
+        print_value(*pair.a);
     }
+    if (pair.b != nullptr && (pair.a != nullptr || about_switch)) {
+        printf(about_switch ? ", switch has " : ", B has ");
+        print_value(*pair.b);
+    }
+    printf("\n");
 }

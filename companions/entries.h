@@ -10,10 +10,9 @@ struct Entry {
     const char* key;      // within the name; empty for a section
     const char* line;     // the last that sets the entry, null if unknown
     int line_number;      // from 1
-    const Entry* other;   // the same of the other document, null if it is missing there
+    Entry* other;         // the same of the other document, null if it is missing there
 };
 
-// Static, and opened once. Pages that are not written take no memory.
 struct Document {
     dictionary* values;
     Entry entries[max_document_size + 1]; // in the order of the document; the last is empty
@@ -21,19 +20,28 @@ struct Document {
     char text[max_document_size + 1]; // a terminator for each newline
 };
 
+// The same entry of both documents; null where it is missing.
+struct Pair {
+    const Entry* a;
+    const Entry* b;
+};
+
+// Pages that are not written take no memory.
+inline Document document_a;
+inline Document document_b;
+inline Pair pairs[2 * max_document_size]; // in the order of document B
+inline int pair_count;
+
 // False if the document cannot be loaded. A message says why, without any text of
 // the document.
 bool open_document(Document& document, const char* path);
 
-// Finds for each entry the one of the other document.
-void match(Document& one, Document& other);
+void pair_entries();
 
-// Whether the other document has it, and with the same value.
-bool is_in_both(const Entry& entry);
+// Whether both have it, with the same value.
+bool is_same(const Pair& pair);
 
-// Prints "[Section] Key" in the letter case of the document.
-void print_name(const Entry& entry);
-
-// Prints the value in double quotes, or "(secret)" if the key suggests one, plain or
-// encrypted. A section is "the whole section".
-void print_value(const Entry& entry);
+// Prints what is not the same in both, in a line: where it is in A, "[Section] Key", and
+// what either has or which lacks it. They are called A and B, or the document and the
+// switch. A value is "(secret)" if the key suggests one, plain or encrypted.
+void print_difference(const Pair& pair, bool about_switch);

@@ -1,6 +1,8 @@
 // Shows how two documents differ, by section and key.
 //
 //   switch-config-compare [-cs] [-x SECTION]... A B
+//
+// Exit status, as of diff(1): 0 no difference, 1 some, 2 trouble.
 
 #include "companions/entries.h"
 
@@ -11,17 +13,10 @@
 
 namespace {
 
-// Exit statuses, those of diff(1).
-constexpr int same = 0;
-constexpr int different = 1;
-constexpr int trouble = 2;
-
 bool is_about_switch;    // -s: B is a backup of it
 bool is_about_loss;      // -c: only what makes A incomplete
 const char* left_out[8]; // -x: sections
 std::size_t left_out_count;
-Document a;
-Document b;
 
 // Restore never sets the clock, and it differs in every backup.
 bool is_left_out(const Entry& entry) {
@@ -49,49 +44,21 @@ bool has_neighbour(const Entry& entry, const Entry& beside) {
 bool is_lost(const Entry& entry) {
     const Entry& next = (&entry)[1];
     return entry.value == nullptr || next.name == nullptr ||
-           (&entry != b.entries && has_neighbour(entry, (&entry)[-1]) &&
+           (&entry != document_b.entries && has_neighbour(entry, (&entry)[-1]) &&
             has_neighbour(entry, next));
 }
 
 // A missing section is shown without its keys.
-bool is_shown(const Entry& entry, bool in_a) {
-    if (is_in_both(entry) || is_left_out(entry)) {
+bool is_shown(const Pair& pair) {
+    const Entry& entry = pair.a != nullptr ? *pair.a : *pair.b;
+    if (is_same(pair) || is_left_out(entry)) {
         return false;
     }
-    if (entry.other != nullptr) {
-        return in_a && !is_about_loss;
+    if (is_about_loss && (pair.a != nullptr || !is_lost(entry))) {
+        return false;
     }
-    const bool is_alone = entry.section == nullptr || entry.section->other != nullptr;
-    return (entry.value == nullptr || is_alone) && (!is_about_loss || (!in_a && is_lost(entry)));
-}
-
-// Of a key that one document lacks only the switch's value: in a document, a
-// misspelt key may hide a secret.
-void print_difference(const Entry& entry, bool in_a) {
-    print_name(entry);
-    if (entry.other != nullptr) {
-        printf(is_about_switch ? ": document " : ": ");
-        print_value(entry);
-        printf(is_about_switch ? ", switch has " : " -> ");
-        print_value(*entry.other);
-    } else if (is_about_switch) {
-        printf(in_a ? ": not on the switch" : ": not in the document, switch has ");
-        in_a ? void() : print_value(entry);
-    } else {
-        printf(in_a ? ": only in A" : ": only in B");
-    }
-    printf("\n");
-}
-
-int show_differences(const Document& document) {
-    int result = same;
-    for (int i = 0; i < document.entry_count; ++i) {
-        if (is_shown(document.entries[i], &document == &a)) {
-            print_difference(document.entries[i], &document == &a);
-            result = different;
-        }
-    }
-    return result;
+    return entry.other != nullptr || entry.value == nullptr || entry.section == nullptr ||
+           entry.section->other != nullptr;
 }
 
 bool read_options(int argc, char** argv) {
@@ -113,12 +80,19 @@ bool read_options(int argc, char** argv) {
 int main(int argc, char** argv) {
     if (!read_options(argc, argv)) {
         fprintf(stderr, "usage: switch-config-compare [-cs] [-x SECTION]... A B\n");
-        return trouble;
+        return 2;
     }
-    if (!open_document(a, argv[optind]) || !open_document(b, argv[optind + 1])) {
+    if (!open_document(document_a, argv[optind]) || !open_document(document_b, argv[optind + 1])) {
         fprintf(stderr, "switch-config-compare: mend the document that cannot be read\n");
-        return trouble;
+        return 2;
     }
-    match(a, b);
-    return show_differences(a) | show_differences(b);
+    pair_entries();
+    int result = 0;
+    for (int i = 0; i < pair_count; ++i) {
+        if (is_shown(pairs[i])) {
+            print_difference(pairs[i], is_about_switch);
+            result = 1;
+        }
+    }
+    return result;
 }

@@ -3,6 +3,8 @@
 // whether the fault is gone.
 //
 //   switch-config-explain [DOCUMENT]
+//
+// Exit status: 0 no fault, 1 a fault, 2 wrong usage.
 
 #include "companions/entries.h"
 #include "frame/modes.h"
@@ -16,41 +18,25 @@
 
 namespace {
 
-// Exit statuses.
-constexpr int no_fault = 0;
-constexpr int fault = 1;
-constexpr int wrong_usage = 2;
-
-constexpr time_t max_seconds = 2;
-
 // Code, name, section and sentence, a line each.
 constexpr const char* meanings[] = {
 #include "codes.inc"
 };
 
-// An entry of the document, of the backup, or of both.
-struct Choice {
-    const Entry* ours;
-    const Entry* switchs;
-    bool is_ours;  // whether the trials have ours
-    bool at_fault; // ours
-};
+bool is_ours[2 * max_document_size];  // of each pair: whether the trials have the document's
+bool is_fault[2 * max_document_size]; // or whether that causes the fault
+time_t last_second;                   // of the search
 
-Document document;
-Document backup;
-Choice choices[2 * max_document_size];
-int choice_count;
-time_t last_second;
-
-// The code that check reports, 0 if all passes.
+// The code that check reports, 0 if all passes, -1 if there is no memory.
 int check(const dictionary* ini) {
     char code[16] = "";
     FILE* report = fmemopen(code, sizeof code, "w");
-    const bool passes = report != nullptr && check_sections(ini, report) == 0;
-    if (report != nullptr) {
-        fclose(report);
+    if (report == nullptr) {
+        return -1;
     }
-    return passes ? 0 : atoi(code);
+    check_sections(ini, report);
+    fclose(report);
+    return atoi(code);
 }
 
 // In a file without a name, since it holds secrets.
@@ -61,28 +47,15 @@ bool back_up() {
         write_sections(file);
         snprintf(path, sizeof path, "/proc/self/fd/%d", fileno(file));
     }
-    return file != nullptr && fflush(file) == 0 && open_document(backup, path);
+    return file != nullptr && fflush(file) == 0 && open_document(document_b, path);
 }
 
-void list_choices() {
-    match(document, backup);
-    for (int i = 0; i < backup.entry_count; ++i) {
-        const Entry& entry = backup.entries[i];
-        choices[choice_count++] = {entry.other, &entry, is_in_both(entry), false};
-    }
-    for (int i = 0; i < document.entry_count; ++i) {
-        if (document.entries[i].other == nullptr) {
-            choices[choice_count++] = {&document.entries[i], nullptr, false, false};
-        }
-    }
-}
-
-// Check's code for the choices, those from first to last being ours.
+// Check's code when those from first to last are the document's too.
 int try_ours(int first, int last) {
-    dictionary* ini = dictionary_new(choice_count);
-    for (int i = 0; i < choice_count; ++i) {
-        const bool is_ours = choices[i].is_ours || (i >= first && i < last);
-        const Entry* entry = is_ours ? choices[i].ours : choices[i].switchs;
+    dictionary* ini = dictionary_new(static_cast<size_t>(pair_count));
+    for (int i = 0; i < pair_count; ++i) {
+        const Pair& pair = pairs[i];
+        const Entry* entry = is_ours[i] || (i >= first && i < last) ? pair.a : pair.b;
         if (entry != nullptr) {
             dictionary_set(ini, entry->name, entry->value);
         }
@@ -95,7 +68,7 @@ int try_ours(int first, int last) {
 // Chooses ours where check then passes. One that alone causes the code is at fault.
 // False if none could be chosen.
 bool choose(int first, int last, int code) {
-    for (; first < last && choices[first].is_ours; ++first) {
+    for (; first < last && is_ours[first]; ++first) {
     }
     if (first == last || time(nullptr) > last_second) {
         return false;
@@ -106,39 +79,30 @@ bool choose(int first, int last, int code) {
         const bool chosen = choose(first, middle, code);
         return choose(middle, last, code) || chosen;
     }
-    choices[first].at_fault = found == code;
+    is_fault[first] = found == code;
     for (int i = first; found == 0 && i < last; ++i) {
-        choices[i].is_ours = true;
+        is_ours[i] = true;
     }
     return found == 0;
 }
 
-// False if it cannot tell.
+// Prints them. False if it cannot tell.
 bool find_faults(int code) {
-    list_choices();
-    if (try_ours(0, 0) == code) {
-        return false;
+    bool is_found = false;
+    pair_entries();
+    for (int i = 0; i < pair_count; ++i) {
+        is_ours[i] = is_same(pairs[i]);
     }
-    while (choose(0, choice_count, code)) { // what passes only beside another comes later
+    while (try_ours(0, 0) != code && choose(0, pair_count, code)) {
+    } // what passes only beside another is chosen later
+    for (int i = 0; i < pair_count && time(nullptr) <= last_second; ++i) {
+        if (is_fault[i] && !is_ours[i]) {
+            printf("  ");
+            print_difference(pairs[i], true);
+            is_found = true;
+        }
     }
-    return time(nullptr) <= last_second;
-}
-
-void print_fault(const Choice& choice) {
-    if (choice.ours == nullptr) {
-        printf("  missing: ");
-        print_name(*choice.switchs);
-    } else {
-        printf("  line %d: ", choice.ours->line_number);
-        print_name(*choice.ours);
-        printf(": ");
-        print_value(*choice.ours);
-    }
-    if (choice.switchs != nullptr) {
-        printf(", switch has ");
-        print_value(*choice.switchs);
-    }
-    printf("\n");
+    return is_found;
 }
 
 void print_meaning(int code) {
@@ -152,30 +116,24 @@ void print_meaning(int code) {
 }
 
 int explain(const char* path) {
-    const bool is_open = open_document(document, path);
+    const bool is_open = open_document(document_a, path);
     init_umdev(0);
     initdef();
     port_init();
-    const int code = is_open ? check(document.values) : USR_RET_INI_RESTORE_FILE_NOT_EXISTED;
+    const int code = is_open ? check(document_a.values) : USR_RET_INI_RESTORE_FILE_NOT_EXISTED;
     if (code == 0) {
         printf("check finds no fault; switch-config-apply -n shows what restore would change\n");
-        return no_fault;
+        return 0;
     }
     print_meaning(code);
     fflush(stdout);
-    last_second = time(nullptr) + max_seconds;
+    last_second = time(nullptr) + 2;
     if (!is_open) {
         printf("  mend what the message above names, or name another document\n");
     } else if (!back_up() || !find_faults(code)) {
         printf("  cannot tell which line it is: compare its section with a backup\n");
-    } else {
-        for (int i = 0; i < choice_count; ++i) {
-            if (choices[i].at_fault && !choices[i].is_ours) {
-                print_fault(choices[i]);
-            }
-        }
     }
-    return fault;
+    return 1;
 }
 
 } // namespace
@@ -183,7 +141,7 @@ int explain(const char* path) {
 int main(int argc, char** argv) {
     if (argc > 2 || (argc == 2 && argv[1][0] == '-')) {
         fprintf(stderr, "usage: switch-config-explain [DOCUMENT]\n");
-        return wrong_usage;
+        return 2;
     }
     return explain(argc == 2 ? argv[1] : restore_path);
 }

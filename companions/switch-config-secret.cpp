@@ -3,6 +3,7 @@
 //   switch-config-secret snmp|dot1x|sci|sak
 //
 // The secret comes from the terminal, without echo, or from standard input.
+// Exit status: 0 printed, 1 refused, 2 wrong usage.
 
 #include "codec/secret_codec.h"
 #include "frame/text.h"
@@ -13,8 +14,6 @@
 
 namespace {
 
-constexpr int refused = 1;
-constexpr int wrong_usage = 2;
 constexpr char hexadecimal_digits[] = "0123456789abcdefABCDEF";
 
 // Each kind with the lengths that restore decodes again, in bytes.
@@ -34,8 +33,7 @@ constexpr struct Kind {
 
 using Input = Secret<256>;
 
-// Byte by byte: a stream would keep a copy. False for a control character or a line
-// that fills the buffer.
+// Byte by byte: a stream would keep a copy. False for a control character.
 bool read_line(Input& input) {
     for (std::size_t i = 0; i + 1 < sizeof input.chars; ++i) {
         const ssize_t count = read(STDIN_FILENO, &input.chars[i], 1);
@@ -67,28 +65,27 @@ bool ask(const char* prompt, Input& input) {
     return answered;
 }
 
-int refuse(const char* why, const Kind& kind) {
-    fprintf(stderr, "switch-config-secret: %s; %s takes %s\n", why, kind.name, kind.takes);
-    return refused;
+bool is_valid(const Input& input, const Kind& kind) {
+    const std::size_t length = strlen(input.chars);
+    return length >= kind.min_length && length <= kind.max_length &&
+           (!kind.hexadecimal || strspn(input.chars, hexadecimal_digits) == length);
 }
 
 int encode(const Kind& kind) {
     Input input;
     Input again;
-    char text[encrypted_size] = {};
-    const bool answered = ask("Secret", input);
-    const std::size_t length = strlen(input.chars);
-    if (!answered || length < kind.min_length || length > kind.max_length ||
-        (kind.hexadecimal && strspn(input.chars, hexadecimal_digits) != length)) {
-        return refuse("refused", kind);
-    }
+    const bool valid = ask("Secret", input) && is_valid(input, kind);
     // Nobody sees what is typed.
-    if (isatty(STDIN_FILENO) != 0 &&
-        (!ask("Again", again) || strcmp(input.chars, again.chars) != 0)) {
-        return refuse("refused, the two differ", kind);
+    const bool same = !valid || isatty(STDIN_FILENO) == 0 ||
+                      (ask("Again", again) && strcmp(input.chars, again.chars) == 0);
+    if (!valid || !same) {
+        fprintf(stderr, "switch-config-secret: refused%s; %s takes %s\n",
+                same ? "" : ", the two differ", kind.name, kind.takes);
+        return 1;
     }
+    char text[encrypted_size] = {};
     kind.encrypt(input.chars, text);
-    return printf("%s\n", text) > 0 && fflush(stdout) == 0 ? 0 : refused;
+    return printf("%s\n", text) > 0 && fflush(stdout) == 0 ? 0 : 1;
 }
 
 } // namespace
@@ -101,5 +98,5 @@ int main(int argc, char** argv) {
     }
     fprintf(stderr, "usage: switch-config-secret snmp|dot1x|sci|sak\n"
                     "It reads the secret from the terminal or from standard input.\n");
-    return wrong_usage;
+    return 2;
 }
