@@ -81,6 +81,7 @@ TEST_F(Security, Accounts) {
     }
     EXPECT_EQ(restore_calls(without_section(good, password), "account_"), empty_added);
     EXPECT_EQ(state().accounts.slots.size(), 5U) << "the device keeps its accounts";
+    EXPECT_EQ(calls_with(all_calls(), "Username(").back(), "account_encryptUsername(\"\", 32)");
 
     const std::string u40 = "\"" + std::string(40, 'u') + "\"";
     const std::string p40 = "\"" + std::string(40, 'p') + "\"";
