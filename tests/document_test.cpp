@@ -123,11 +123,12 @@ TEST_F(Document, ReadsTheSameWithEveryIniparser) {
 }
 
 TEST_F(Document, DisguisesWhatReadingsDifferIn) {
-    std::string text = "[a\\] b]\nk = \"\\ \" ; \\]\nk = '\\\\'\nk = \"\"x\nk = '''\n;k = \"\\\"\n";
+    std::string text =
+        "[a\\] b]\nk = \"\\ \" ; \\]\nk = '\\\\'\nk = \"\"x\nk = '''\n;=\"\\\"\n#=\"\\\"";
     Disguise bytes;
     ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
     EXPECT_EQ(text, "[a\\]   \nk = \"\xff \" ; \\]\nk = '\xff\xff'\nk = \xfe\"x\nk = \xfd''\n"
-                    ";k = \"\\\"\n");
+                    ";=\"\\\"\n#=\"\\\"");
     text = std::string("k\\\n\0\n=\"\\\"", 9); // joined over a line that begins with a zero byte
     ASSERT_TRUE(disguise(text.data(), text.size(), bytes));
     EXPECT_EQ(text.substr(5), "=\"\xff\"");
