@@ -33,7 +33,7 @@ std::string hex(const void* bytes, std::size_t size) {
 }
 
 static bool is_fault(const std::string& outcome) {
-    return outcome[0] == 'e';
+    return outcome.compare(0, 8, "expected") == 0;
 }
 
 void report(const char* operation, const char* what, const std::string& outcome) {
@@ -62,11 +62,14 @@ static char* low_bytes(unsigned long& number, std::size_t width) {
     return __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? bytes : bytes + sizeof number - width;
 }
 
-void* Argument::output(std::size_t width) {
+void* Argument::at(std::size_t width, bool is_given) {
     if (counts.empty()) {
         counts.assign(width, 'n');
         values[0].assign(low_bytes(numbers[0], width), width);
         values[1].assign(low_bytes(numbers[1], width), width);
+    }
+    if (memory.empty() && is_given) {
+        return values[0].data();
     }
     memory.resize(counts.size() + 64, fill);
     return memory.data();
@@ -85,6 +88,10 @@ Argument text(std::size_t width) {
     first.resize(width - 1);
     second.resize(width - 1);
     return {std::string(width, 't'), first + '\0', second + '\0'};
+}
+
+Argument given(const std::string& text) {
+    return {"t", text, ""};
 }
 
 Argument bytes(std::size_t width, std::size_t counting, char first, char second) {
@@ -178,12 +185,12 @@ std::string try_setter(const Operation& get, const Operation& set, const Argumen
         return "SKIP";
     }
     std::string found;
-    for (const int value : {0, 1}) {
+    for (const std::size_t value : {0, 1}) {
         Arguments wanted = before;
         for (Argument& argument : wanted) {
             for (std::size_t i = 0; i < argument.memory.size() && i < argument.counts.size(); ++i) {
                 if (argument.counts[i] != '\0') {
-                    argument.memory[i] = argument.values[value][i];
+                    argument.memory[i] = argument.values.at(value)[i];
                 }
             }
         }

@@ -2,6 +2,7 @@
 // the Test Anything Protocol. No secret is ever printed.
 #pragma once
 
+#include <array>
 #include <csignal>
 #include <cstddef>
 #include <cstdint>
@@ -31,14 +32,15 @@ void expect(const char* operation, const char* what, const std::string& expected
             const std::string& seen);
 void expect(const char* operation, const char* what, long expected, long seen);
 
-// An argument of a getter and its setter. It becomes whatever they take: an output, with
-// guard bytes after it, for a getter that takes a pointer.
+// An argument of a getter and its setter. It becomes whatever they take: for a getter
+// that takes a pointer, an output with guard bytes after it.
 struct Argument {
-    unsigned long numbers[2] = {}; // to set; the first is what is passed by value
-    bool is_index = false;         // by value: each from the first up to the second
+    std::array<unsigned long, 2> numbers = {}; // to set; the first is what is passed by value
+    bool is_index = false;                     // by value: each from the first up to the second
     // An output that is no number: which bytes count ('t' in a text, else not zero), and
     // what to set.
-    std::string counts = {}, values[2] = {};
+    std::string counts = {};
+    std::array<std::string, 2> values = {};
     std::string memory = {}; // during a call
     char fill = '\0';
 
@@ -47,14 +49,15 @@ struct Argument {
     Argument(const std::string& counting, const std::string& first, const std::string& second)
         : counts(counting), values{first, second} {}
 
-    void* output(std::size_t width);
+    void* at(std::size_t width, bool is_given);
     unsigned long input() const;
     template <typename Type>
     explicit operator Type() {
         if constexpr (std::is_pointer_v<Type>) {
-            return static_cast<Type>(output(sizeof(std::remove_pointer_t<Type>)));
+            using Pointee = std::remove_pointer_t<Type>;
+            return static_cast<Type>(at(sizeof(Pointee), std::is_const_v<Pointee>));
         } else if constexpr (std::is_class_v<Type>) {
-            return *static_cast<Type*>(output(sizeof(Type)));
+            return *static_cast<Type*>(at(sizeof(Type), true));
         } else {
             return static_cast<Type>(input());
         }
@@ -68,6 +71,7 @@ inline Argument index_up_to(unsigned long end, unsigned long first = 0) {
 
 Argument text(std::size_t width);
 Argument bytes(std::size_t width, std::size_t counting, char first = 0, char second = 0);
+Argument given(const std::string& text); // to a converter
 unsigned long ip(const char* text);
 Argument hosts(); // IPv4 addresses
 

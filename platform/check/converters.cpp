@@ -14,12 +14,13 @@ std::string number_again(const char* text) {
     return result == 0 && address <= 0xffffffff ? again : "";
 }
 
+// Empty too if the text needs more than the 46 bytes that the tool has.
 std::string record_again(const char* text) {
     ip_addr_t address = {};
     char again[128] = "";
     const int result = str_to_ipaddr(&address, text);
     ipaddr_to_str(again, &address);
-    return result == 0 ? again : "";
+    return result == 0 && hex(again + 46, 82) == std::string(164, '0') ? again : "";
 }
 
 void check_mac(const unsigned char (&mac)[6]) {
@@ -28,11 +29,6 @@ void check_mac(const unsigned char (&mac)[6]) {
     mac_to_str(text, mac);
     str_to_mac(again, text);
     expect("str_to_mac", "reads what mac_to_str has written", hex(mac, 6), hex(again, 6));
-}
-
-int written_mac(char* text) {
-    const unsigned char mac[] = {0xff, 0xff, 0xff, 0xff, 0xff, 0xff};
-    return mac_to_str(text, mac), 0;
 }
 
 template <typename Output>
@@ -89,6 +85,7 @@ void check_bytes(const char* text, const char* expected) {
 } // namespace
 
 void check_converters() {
+    static const ip_addr_t ipv4 = {0xffff, {{1, 1, 1, 1}}};
     for (const char* text : {"0.0.0.0", "1.2.3.4", "192.0.2.129", "255.255.255.255"}) {
         expect("ip_to_str", "writes what its counterpart reads", text, number_again(text));
         expect("ipaddr_to_str", "writes what its counterpart reads", text, record_again(text));
@@ -99,8 +96,9 @@ void check_converters() {
         expect("ipaddr_to_str", "writes any IPv6 text that its counterpart reads", text, again);
     }
     GETTER(ip_to_str, text(16), ip("255.255.255.255"));
-    check_getter({"mac_to_str", written_mac}, {text(18)});
-    check_getter({"str_to_ip", [](unsigned long* to) { return str_to_ip(to, "1.2.3.4"); }}, {{}});
+    GETTER(mac_to_str, text(18), bytes(6, 6, '\xff'));
+    GETTER(str_to_ip, {}, given("192.0.2.129"));
+    GETTER(str_to_ipaddr, record(ipv4), given("192.0.2.129"));
     check_mac({0, 0, 0, 0, 0, 0});
     check_mac({0x02, 0x00, 0x5e, 0x10, 0x20, 0xff});
     check_refused(NAMED(str_to_ip));

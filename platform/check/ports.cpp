@@ -56,8 +56,9 @@ int set_speed(int entry, int speed) {
 // of Port7 and Port8.
 void check_fibre_ports() {
     for (uint8_t port = 0; port < g_ucMaxPhyPort || port < 8; ++port) {
-        expect("U_PortGetMode", "ports 7 and 8 are fibre and no others, on port type 1",
-               port == 6 || port == 7, U_PortGetMode(port) == LAN_PORT_MODE_FIBER);
+        const bool is_fibre = U_PortGetMode(port) == LAN_PORT_MODE_FIBER;
+        expect("U_PortGetMode", "is 3 for ports 7 and 8 and no others, on port type 1",
+               port == 6 || port == 7 ? "3" : "another", is_fibre ? "3" : "another");
     }
     expect("U_TrkLId2LogicId", "ports 7 and 8 are named Port7 and Port8, on port type 1",
            "Port7 Port8", name_of(6) + " " + name_of(7));
@@ -81,13 +82,14 @@ unsigned short set_enabled(uint8_t port, char enabled) {
 void check_ports() {
     const unsigned ports = g_ucMaxPhyPort;
     const unsigned ids = g_ucMaxLogicPort;
-    expect("port_init", "sets a port or more, and no fewer logical ones", true,
-           ports > 0 && ids >= ports);
+    report("port_init", "sets a port or more, and no fewer logical ones",
+           ports > 0 && ids >= ports ? "" : formatted("expected that, seen %u and %u", ports, ids));
     check_masks();
     GETTER(U_TrkLId2LogicId, text(16), index_up_to(ids));
     for (int id = 1; id < g_ucMaxLogicPort; ++id) {
-        expect("U_TrkLId2LogicId", "each id has its own name", false,
-               name_of(id - 1) == name_of(id));
+        const bool is_other = name_of(id) != name_of(id - 1);
+        report("U_TrkLId2LogicId", "each id has its own name",
+               is_other ? "" : formatted("expected another for %d, seen the one before", id));
     }
     GETTER(U_TrkLId2PMask, bytes(8, 8), index_up_to(ids, ports));
     check_setting({NAMED(U_FlshPortGetEbl)}, {"U_PortSetEbl", set_enabled},

@@ -15,11 +15,16 @@ unsigned short set_bpdu_guard(const TstBpduGuardCfg* guard) {
     return U_StpSetBpduGuardCfg(static_cast<char>(guard->bEbl), guard->ulIntervalTime);
 }
 
-unsigned short bpdu_guard(uint8_t port, char* enabled) {
-    TstBpduGuardPortState states[8] = {{port, *enabled, 0}};
-    const unsigned short result = U_FlshStpGetBpduGuardPortState(states);
-    *enabled = states[0].bBpduGuardEbl;
+unsigned short bpdu_guard(uint8_t port, TstBpduGuardPortState* state) {
+    const uint8_t before = state->ucPortId;
+    state->ucPortId = port;
+    const unsigned short result = U_FlshStpGetBpduGuardPortState(state);
+    state->ucPortId = before; // as it was, for a call that fails
     return result;
+}
+
+unsigned short set_port_bpdu_guard(uint8_t port, const TstBpduGuardPortState* state) {
+    return U_StpSetPortBpduGuardEbl(port, state->bBpduGuardEbl);
 }
 
 int protection(uint8_t port, stp_rstp_t* flags) {
@@ -39,6 +44,7 @@ int set_protection(uint8_t port, const stp_rstp_t* flags) {
 
 void check_rstp() {
     static const TstBpduGuardCfg guard = {1, ~0U};
+    static const TstBpduGuardPortState port_guard = {0, 1, 0};
     const Argument port = index_up_to(g_ucMaxPhyPort);
     SETTING(U_StpGetEbl, U_StpSetEbl, {0, 1});
     SETTING(U_StpGetForceVersion, U_StpSetForceVersion, {0, 2});
@@ -47,8 +53,9 @@ void check_rstp() {
                   {record(guard, {0, 30}, {1, 300})});
     SETTING(U_FlshStpGetPortEdge, U_FlshStpSetPortEdge, port, {0, 1});
     SETTING(U_FlshStpGetPortNonstp, U_StpSetPortNonstp, port, {0, 1});
-    check_setting({"U_FlshStpGetBpduGuardPortState", bpdu_guard}, {NAMED(U_StpSetPortBpduGuardEbl)},
-                  {port, {0, 1}});
+    check_setting({"U_FlshStpGetBpduGuardPortState", bpdu_guard},
+                  {"U_StpSetPortBpduGuardEbl", set_port_bpdu_guard},
+                  {port, record(port_guard, {0, 0, 0}, {0, 1, 0})});
     check_setting({"stp_rstp_getFromFlash", protection}, {"stp_rstp_setToFlash", set_protection},
                   {port, bytes(sizeof(stp_rstp_t), 2, 0, 1)});
 }
@@ -200,7 +207,7 @@ void check_vlan_header() {
     static vlan_data_t counts;
     std::memset(counts.portrole, 1, sizeof counts.portrole);
     for (auto& list : counts.vlan_str) {
-        std::memset(list, 't', sizeof list - 1);
+        std::fill_n(&list[0], sizeof list - 1, 't');
     }
     GETTER(get_vlan_data, record(counts));
     GETTER(U_VlanGetSttcEntry, management, bytes(8, 8), bytes(8, 8), {});

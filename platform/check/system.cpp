@@ -15,8 +15,8 @@ namespace {
 template <typename... Texts>
 void check_texts(const char* name, unsigned short (*validate)(Texts...), bool is_good,
                  Texts... texts) {
-    expect(name, is_good ? "returns 0 for what is right" : "returns a code for what is not",
-           is_good, validate(texts...) == 0);
+    expect(name, is_good ? "accepts what is right" : "refuses what is not",
+           is_good ? "0" : "a code", validate(texts...) == 0 ? "0" : "a code");
 }
 
 // On is 1. Any other number is off, which is set as 3.
@@ -38,7 +38,8 @@ constexpr TstFlshPeriodic schedule = {1, 0xffff, 0xffff, 0xffffffff};
 void check_system() {
     const char* host = "192.0.2.1";
     const char* mask = "255.255.255.0";
-    GETTER(get_full_model_name, text(33));
+    check_getter({"get_full_model_name", [](char* name) { get_full_model_name(name); }},
+                 {text(33)});
     GETTER(U_SysGetMac, bytes(6, 6));
     GETTER(U_SysGetFirmwareVer, {}, {}, {});
     SETTING(U_FlshSysInfoGetName, U_FlshSysInfoSetName, text(30), 30);
@@ -55,6 +56,7 @@ void check_system() {
     check_texts(NAMED(U_SysCheckInTheSubnet), false, host, mask, "198.51.100.1");
     check_texts(NAMED(U_SysCheckDnsString), true, host);
     check_texts(NAMED(U_SysCheckDnsString), false, "server");
+    GETTER(U_LldpGetEnable, {});
     check_setting({"U_LldpGetEnable", lldp_state}, {NAMED(U_LldpSetEnable)}, {{3, 1}});
     SETTING(U_FlshHTTPSGet, U_FlshHTTPSSet, {0, 1});
     check_setting({NAMED(U_FwdGetPortMirror)}, {"U_FwdSetPortMirror", set_mirror},
