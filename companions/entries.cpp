@@ -29,7 +29,7 @@ Entry* find(Document& document, const char* name) {
 }
 
 // The entry that a line of this section sets, null if there is none.
-Entry* find_set_by(const char* line, Document& document, const char* section) {
+Entry* entry_set_by(const char* line, Document& document, const char* section) {
     char name[2 * line_size];
     line += strspn(line, " \t");
     const bool is_section = *line == '[';
@@ -52,15 +52,13 @@ void place_lines(Document& document) {
     char* rest = document.text;
     for (int number = 1; const char* line = strsep(&rest, "\n"); ++number) {
         const char* inside = section != nullptr ? section->name : "";
-        Entry* entry = find_set_by(line, document, inside);
-        if (entry == nullptr) {
-            continue;
+        if (Entry* entry = entry_set_by(line, document, inside)) {
+            section = entry->value == nullptr ? entry : section;
+            entry->section = section;
+            entry->key = entry->value == nullptr ? "" : entry->name + strlen(inside) + 1;
+            entry->line = line;
+            entry->line_number = number;
         }
-        section = entry->value == nullptr ? entry : section;
-        entry->section = section;
-        entry->key = entry->value == nullptr ? "" : entry->name + strlen(inside) + 1;
-        entry->line = line;
-        entry->line_number = number;
     }
 }
 
@@ -131,11 +129,11 @@ void pair_entries() {
 }
 
 bool is_same(const Pair& pair) {
-    if (pair.a == nullptr || pair.b == nullptr) {
-        return false;
+    const bool in_both = pair.a != nullptr && pair.b != nullptr;
+    if (!in_both || pair.a->value == nullptr || pair.b->value == nullptr) {
+        return in_both && pair.a->value == pair.b->value;
     }
-    const bool are_keys = pair.a->value != nullptr && pair.b->value != nullptr;
-    return are_keys ? strcmp(pair.a->value, pair.b->value) == 0 : pair.a->value == pair.b->value;
+    return strcmp(pair.a->value, pair.b->value) == 0;
 }
 
 // Of what one lacks it shows only the switch's value: in a document, a misspelt key may

@@ -51,10 +51,8 @@ bool is_lost(const Entry& entry) {
 // A missing section is shown without its keys.
 bool is_shown(const Pair& pair) {
     const Entry& entry = pair.a != nullptr ? *pair.a : *pair.b;
-    if (is_same(pair) || is_left_out(entry)) {
-        return false;
-    }
-    if (is_about_loss && (pair.a != nullptr || !is_lost(entry))) {
+    const bool is_asked_for = !is_about_loss || (pair.a == nullptr && is_lost(entry));
+    if (is_same(pair) || is_left_out(entry) || !is_asked_for) {
         return false;
     }
     return entry.other != nullptr || entry.value == nullptr || entry.section == nullptr ||

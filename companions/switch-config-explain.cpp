@@ -130,7 +130,9 @@ int explain(const char* path) {
     last_second = time(nullptr) + 2;
     if (!is_open) {
         printf("  mend what the message above names, or name another document\n");
-    } else if (!back_up() || !find_faults(code)) {
+    } else if (!back_up()) {
+        printf("  cannot look for the line: make room in /tmp\n");
+    } else if (!find_faults(code)) {
         printf("  cannot tell which line it is: compare its section with a backup\n");
     }
     return 1;

@@ -19,16 +19,15 @@ constexpr char hexadecimal_digits[] = "0123456789abcdefABCDEF";
 // Each kind with the lengths that restore decodes again, in bytes.
 constexpr struct Kind {
     const char* name;
-    std::size_t min_length;
     std::size_t max_length;
-    bool hexadecimal;
+    bool hexadecimal; // of just this length
     const char* takes;
     void (*encrypt)(const char* secret, char (&text)[encrypted_size]);
 } kinds[] = {
-    {"snmp", 1, 32, false, "1 to 32 printable bytes", encrypt_snmp_key},
-    {"dot1x", 1, 29, false, "1 to 29 printable bytes", encrypt_dot1x_key},
-    {"sci", 16, 16, true, "16 hexadecimal digits", encrypt_sci}, // IEEE 802.1AE: 64 bits
-    {"sak", 32, 32, true, "32 hexadecimal digits", encrypt_sak}, // 128 bits
+    {"snmp", 32, false, "1 to 32 printable bytes", encrypt_snmp_key},
+    {"dot1x", 29, false, "1 to 29 printable bytes", encrypt_dot1x_key},
+    {"sci", 16, true, "16 hexadecimal digits", encrypt_sci}, // IEEE 802.1AE: 64 bits
+    {"sak", 32, true, "32 hexadecimal digits", encrypt_sak}, // 128 bits
 };
 
 using Input = Secret<256>;
@@ -65,22 +64,22 @@ bool ask(const char* prompt, Input& input) {
     return answered;
 }
 
-bool is_valid(const Input& input, const Kind& kind) {
-    const std::size_t length = strlen(input.chars);
-    return length >= kind.min_length && length <= kind.max_length &&
-           (!kind.hexadecimal || strspn(input.chars, hexadecimal_digits) == length);
+bool is_valid(const char* secret, const Kind& kind) {
+    const std::size_t length = strlen(secret);
+    return length > 0 && length <= kind.max_length &&
+           (!kind.hexadecimal || strspn(secret, hexadecimal_digits) == kind.max_length);
 }
 
 int encode(const Kind& kind) {
     Input input;
     Input again;
-    const bool valid = ask("Secret", input) && is_valid(input, kind);
+    const bool valid = ask("Secret", input) && is_valid(input.chars, kind);
     // Nobody sees what is typed.
     const bool same = !valid || isatty(STDIN_FILENO) == 0 ||
                       (ask("Again", again) && strcmp(input.chars, again.chars) == 0);
     if (!valid || !same) {
-        fprintf(stderr, "switch-config-secret: refused%s; %s takes %s\n",
-                same ? "" : ", the two differ", kind.name, kind.takes);
+        fprintf(stderr, "switch-config-secret: %s; %s takes %s\n",
+                same ? "refused" : "the two differ", kind.name, kind.takes);
         return 1;
     }
     char text[encrypted_size] = {};
