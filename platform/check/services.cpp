@@ -54,7 +54,9 @@ void check_users() {
     const Lines lines = {"snmp v user name = \"check-#\" ;",
                          formatted("snmp v authentication password = \"%s\" ;", secret),
                          formatted("snmp v encryption key = \"%s\" ;", secret)};
-    check_lasting_table({"U_SnmpInsUsm", insert}, {numbers_up_to(15), "[snmp settings] ", lines});
+    // Two are as many as a document holds. How many more there may be, the device knows.
+    const int room = value_of(U_SnmpGetUsmSize) < 2 ? 15 : 0;
+    check_lasting_table({"U_SnmpInsUsm", insert}, {numbers_up_to(room), "[snmp settings] ", lines});
 }
 
 void check_snmp() {
