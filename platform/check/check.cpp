@@ -170,8 +170,9 @@ std::string write(const Operation& get, const Operation& set, const Arguments& w
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         const std::size_t byte = first_difference(wanted[i], seen[i]);
         if (byte != std::string::npos) {
-            return formatted("expected argument %zu as set with result %d, seen another byte %zu",
-                             i, result, byte);
+            return formatted("expected what is set, with result %d, seen another byte %zu "
+                             "(argument %zu, index %lu)",
+                             result, byte, i, index);
         }
     }
     return "";

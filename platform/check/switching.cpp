@@ -147,32 +147,28 @@ void vlans(vlan_data_t* data, uint8_t* added) {
 }
 
 // The buffers of a check and of the set after it.
-struct Entries {
+struct {
+    char message[100];
     TstFlshVlanEntry entries[512];
-};
-struct Removals {
-    int32_t numbers[512];
-};
+    int32_t removals[512];
+} work;
 
-int check_vlans(vlan_data_t* data, char* message, Entries* entries, Removals* removals) {
-    std::memset(message, 0, 100);
-    *entries = {};
-    *removals = {};
-    return check_vlan_data(data, message, entries->entries, removals);
+int check_vlans(vlan_data_t* data, char* message, TstFlshVlanEntry* entries, int32_t* removals) {
+    std::memset(message, 0, sizeof work.message);
+    std::memset(entries, 0, sizeof work.entries);
+    std::memset(removals, 0, sizeof work.removals);
+    return check_vlan_data(data, message, entries, removals);
 }
 
 // A getter of the buffers, for the guard bytes around them.
-void read_buffers(vlan_data_t* data, char* message, Entries* entries, Removals* removals) {
+void read_buffers(vlan_data_t* data, char* message, TstFlshVlanEntry* entries, int32_t* removals) {
     get_vlan_data(data);
     check_vlans(data, message, entries, removals);
 }
 
 int set_vlans(vlan_data_t* data) {
-    static Entries entries;
-    static Removals removals;
-    static char message[100];
-    const int verdict = check_vlans(data, message, &entries, &removals);
-    set_vlan_data(data, message, entries.entries, &removals, 1);
+    const int verdict = check_vlans(data, work.message, work.entries, work.removals);
+    set_vlan_data(data, work.message, work.entries, work.removals, 1);
     return verdict;
 }
 
@@ -189,11 +185,9 @@ vlan_data_t vlans_with(unsigned port, int role, const char* more) {
 }
 
 void check_verdict(const char* what, int expected, int role, const char* more) {
-    static Entries entries;
-    static Removals removals;
-    char message[100];
     vlan_data_t data = vlans_with(0, role, more);
-    expect("check_vlan_data", what, expected, check_vlans(&data, message, &entries, &removals));
+    expect("check_vlan_data", what, expected,
+           check_vlans(&data, work.message, work.entries, work.removals));
 }
 
 void check_vlan_header() {
@@ -212,8 +206,8 @@ void check_vlan_header() {
     GETTER(get_vlan_data, record(counts));
     GETTER(U_VlanGetSttcEntry, management, bytes(8, 8), bytes(8, 8), {});
     check_getter({"check_vlan_data", read_buffers},
-                 {bytes(sizeof(vlan_data_t), 0), bytes(100, 0), bytes(sizeof(Entries), 0),
-                  bytes(sizeof(Removals), 0)});
+                 {bytes(sizeof(vlan_data_t), 0), bytes(sizeof work.message, 0),
+                  bytes(sizeof work.entries, 0), bytes(sizeof work.removals, 0)});
     check_verdict("accepts the device's own", VLAN_DATA_VALID, unchanged, "");
     check_verdict("finds a role that is neither", VLAN_DATA_ROLE, 2, "");
     check_verdict("finds an access port in two VLANs", VLAN_DATA_ACCESS_LIST, 0, ",4093,4094");
