@@ -74,10 +74,12 @@ void check_accounts() {
         {NAMED(usrflsh_setPSWD_maxLen)}, {{20, 31}});
 }
 
-// In the order of restore.
+// In the order of restore. A text may fill its field.
 int set_macsec(uint8_t port, const TstFlshMacsectEntry* entry) {
+    const std::string sci(entry->key.sci, strnlen(entry->key.sci, sizeof entry->key.sci));
+    const std::string sak(entry->key.sak, strnlen(entry->key.sak, sizeof entry->key.sak));
     U_MacsecPortEnable(port, entry->status);
-    const int result = U_MacsecSetKey(port, entry->key.sci, entry->key.sak);
+    const int result = U_MacsecSetKey(port, sci.c_str(), sak.c_str());
     U_MacsecSetPortEnable(port, entry->status);
     return result;
 }
