@@ -6,8 +6,6 @@
 #include "platform/include/aes.h"
 #include "tests/support/switch_test.h"
 
-using simulator::make_fail;
-
 class Codec : public SwitchTest {};
 
 namespace {
