@@ -113,6 +113,9 @@ TEST_F(Security, AccountErrorsOfTheDevice) {
     restore(without_section(full, password));
     EXPECT_TRUE(state().accounts.slots[0].empty) << "an empty name is removed";
 
+    state().accounts.slots.resize(16);
+    EXPECT_FALSE(contains(backup(), "user name15"));
+
     // A library that does not encrypt the empty name deletes nothing of the document.
     make_fail("account_encryptUsername:2");
     restore(full);
@@ -128,6 +131,11 @@ TEST_F(Security, StaticSakOfOnePortAfterTheOther) {
     const auto applied = std::find(all.begin(), all.end(), "U_MacsecSetPortEnable(6, 0)");
     const auto decoded = std::find(applied, all.end(), "hexstr_to_byte(\"" + sci + "\")");
     EXPECT_NE(decoded, all.end());
+}
+
+TEST_F(Security, AnAddressThatIsNoneIsZero) {
+    state().dot1x.server = {};
+    EXPECT_EQ(check(with(good, "802.1x setting", "radius server ip", "x")), "");
 }
 
 // No field has room for a terminator then.

@@ -67,6 +67,7 @@ TEST_F(Switching, VlansOfFewerPorts) {
     EXPECT_EQ(restored(fewer, data), "");
     make_fail("");
     EXPECT_EQ(restored(without_section(good, vlan), data), "");
+    EXPECT_NE(restored(without_section(good, vlan) + "[vlan setting]\nport1_role = 1\n", data), "");
 }
 
 TEST_F(Switching, RestoreIsolation) {
@@ -74,7 +75,8 @@ TEST_F(Switching, RestoreIsolation) {
     EXPECT_EQ(restore_calls(document, "PortBased"), Calls{});
     state().vlan.isolation.fill({5, 40});
     document = with(document, isolation, "port8", "\"8,-1,9,,0,x, 7z,256,70000\"");
-    document = with(document, isolation, {{"port1", "\"2,3\""}, {"port2", "\"\""}});
+    document =
+        with(document, isolation, {{"port1", "\"2,3\""}, {"port2", "\"\""}, {"port9", "\"1\""}});
     const std::string kept = ", {5,40}, {5,40}, {5,40}, {5,40}, {5,40}, ";
     const std::string call = "U_FlshVlanSetPortBasedEntry(TstFlshVlanPortBasedEntry{";
     EXPECT_EQ(restore_calls(document, "PortBased"),

@@ -1,5 +1,6 @@
 // "system information" and "port settings".
 
+#include "platform/include/ports.h"
 #include "tests/support/switch_test.h"
 
 using simulator::state;
@@ -41,6 +42,8 @@ TEST_F(System, OtherPortTypes) {
     const std::string document = backup();
     EXPECT_TRUE(contains(document, "\"MS-8P\""));
     EXPECT_TRUE(contains(document, "Port8 speed"));
+    state().ports.ports.at(0).mode = LAN_PORT_MODE_FIBER;
+    EXPECT_TRUE(contains(backup(), "\nPort1 speed = "));
 }
 
 TEST_F(System, RestorePortsThatDiffer) {
