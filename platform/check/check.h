@@ -69,7 +69,7 @@ inline Argument index_up_to(unsigned long end, unsigned long first = 0) {
     return {first, end, true};
 }
 
-Argument text(std::size_t width);
+Argument text(std::size_t width, char separator = '.');
 Argument bytes(std::size_t width, std::size_t counting, char first = 0, char second = 0);
 Argument given(const std::string& text); // to a converter
 unsigned long ip(const char* text);
@@ -135,7 +135,7 @@ struct Rows {
     Lines lines;
 };
 
-std::vector<unsigned> numbers_up_to(int count);
+std::vector<unsigned> numbers_of(int count, unsigned first);
 
 // With --write: fills the table, deletes from its middle, and then the other added rows.
 void check_table(const Change& insert, const Change& remove, const Rows& rows);
@@ -150,23 +150,28 @@ void check_validator(const char* name, Result (*accepts)(Value), Values own, Val
         return static_cast<char>(accepts(value)) == 0 ? "0 in the low 8 bits" : "another";
     };
     for (const Value value : own) {
-        expect(name, "accepts what the device has", "another", verdict(value));
+        expect(name, "accepts what the device has, or a usual value", "another", verdict(value));
     }
     for (const Value value : wrong) {
         expect(name, "refuses what no device takes", "0 in the low 8 bits", verdict(value));
     }
 }
 
-// The first two numbers that a validator accepts.
+// The first two numbers that a validator accepts, or twice the only one.
 template <typename Result>
 Argument accepted(Result (*accepts)(int)) {
-    Argument found;
-    for (int value = 0xffff; value >= 0; --value) {
-        if (static_cast<char>(accepts(value)) != 0) {
-            found = {static_cast<unsigned long>(value), found.numbers[0]};
+    std::array<unsigned long, 2> found = {};
+    for (unsigned long value = 0x10000, count = 0; value-- > 0;) {
+        if (static_cast<char>(accepts(static_cast<int>(value))) != 0) {
+            found = {value, count++ == 0 ? value : found[0]};
         }
     }
-    return found;
+    return {found[0], found[1]};
+}
+
+template <typename Result>
+int usual(Result (*accepts)(int)) {
+    return static_cast<int>(accepted(accepts).numbers[0]);
 }
 
 // What a getter with one output reads, with room for one that writes too much.

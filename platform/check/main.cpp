@@ -73,12 +73,14 @@ void check_all(const std::string& option) {
            code == 0 || (code == 294 && g_ucMaxPhyPort < 8)
                ? ""
                : formatted("expected no code, seen %d: see docs/porting.md", code));
-    for (std::size_t i = 0; i < writes.size() && !option.empty() && stopped == 0; ++i) {
+    const bool is_writing = !option.empty() && failed == 0;
+    for (std::size_t i = 0; i < writes.size() && is_writing && stopped == 0; ++i) {
         writes[i]();
     }
     report("backup", "the document is the same before and after",
            difference(before, document_lines()));
-    for (std::size_t i = 0; i < fills.size() && option == "--fill" && stopped == 0; ++i) {
+    for (std::size_t i = 0; i < fills.size() && is_writing && option == "--fill" && stopped == 0;
+         ++i) {
         fills[i]();
     }
 }
@@ -94,7 +96,7 @@ int main(int argc, char** argv) {
         fprintf(stderr, "usage: switch-device-check [--write | --fill]\n");
         return 2;
     }
-    printf("TAP version 13\n");
+    printf("TAP version 13\n%s", argc == 1 ? "# This run only reads\n" : "");
     const std::string first_key = hex(key, sizeof key);
     report("key", "is the same in another process", try_other_process());
     for (const int number : {SIGHUP, SIGINT, SIGPIPE, SIGTERM}) {

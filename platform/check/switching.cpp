@@ -46,11 +46,12 @@ void check_rstp() {
     static const TstBpduGuardCfg guard = {1, ~0U};
     static const TstBpduGuardPortState port_guard = {0, 1, 0};
     const Argument port = index_up_to(g_ucMaxPhyPort);
+    const uint32_t interval = value_of(U_FlshStpGetBpduGuardCfg).ulIntervalTime;
     SETTING(U_StpGetEbl, U_StpSetEbl, {0, 1});
-    SETTING(U_StpGetForceVersion, U_StpSetForceVersion, {0, 2});
+    SETTING(U_StpGetForceVersion, U_StpSetForceVersion, {2, 2});
     SETTING(U_StpGetPriority, U_StpSetPriority, {4096, 61440});
     check_setting({NAMED(U_FlshStpGetBpduGuardCfg)}, {"U_StpSetBpduGuardCfg", set_bpdu_guard},
-                  {record(guard, {0, 30}, {1, 300})});
+                  {record(guard, {0, interval}, {1, interval})});
     SETTING(U_FlshStpGetPortEdge, U_FlshStpSetPortEdge, port, {0, 1});
     SETTING(U_FlshStpGetPortNonstp, U_StpSetPortNonstp, port, {0, 1});
     check_setting({"U_FlshStpGetBpduGuardPortState", bpdu_guard},
@@ -72,7 +73,7 @@ void check_port_security() {
     for (uint8_t port = 0; port < g_ucMaxPhyPort && port < 32; ++port) {
         counts.port_max_mac[port] = {0, 1, 0, 0xffff};
         off.port_max_mac[port] = {0, 0, 0, 1};
-        on.port_max_mac[port] = {0, 1, 0, 128};
+        on.port_max_mac[port] = {0, 1, 0, 2};
     }
     counts.gblebl = on.gblebl = 1;
     const Argument security = record(counts, off, on);
@@ -105,7 +106,8 @@ void check_rules() {
         "ttttttttttttttttttttttttttttttt",
         {~0U, {1, 1, 1, 1, 1, 1}, {1, 1, 1, 1, 1, 1}, ~0U, ~0U, {{~0U, ~0U}}},
         {~0U}};
-    std::vector<unsigned> unused = numbers_up_to(33);
+    std::vector<unsigned> unused = numbers_of(33, 1);
+    GETTER(U_FlshGetAcl, index_up_to(33), bytes(sizeof(TstFlshAcl), 0));
     for (uint32_t slot = 0; slot < 33; ++slot) {
         TstFlshAcl rules[2] = {};
         if (U_FlshGetAcl(slot, rules) == 0 && rules[0].usIndex != 0) {
@@ -140,10 +142,13 @@ bool has_vlan(unsigned id) {
     return U_VlanGetSttcEntry(static_cast<uint16_t>(id), &masks[0], &masks[1], &protocol) == 0;
 }
 
+unsigned unused = 4001; // and so are the second and the fourth after it
+
 // Roles and lists, and which of the VLANs that a write adds are there.
 void vlans(vlan_data_t* data, uint8_t* added) {
     get_vlan_data(data);
-    *added = static_cast<uint8_t>(has_vlan(4001) << 2 | has_vlan(4003) << 1 | has_vlan(4005));
+    *added = static_cast<uint8_t>(has_vlan(unused) << 2 | has_vlan(unused + 2) << 1 |
+                                  has_vlan(unused + 4));
 }
 
 // The buffers of a check and of the set after it.
@@ -191,17 +196,25 @@ void check_verdict(const char* what, int expected, int role, const char* more) {
 }
 
 void check_vlan_header() {
-    static const TstLPortMask all = {{~0U, ~0U}}, eight = {{256, 0}};
+    static const TstLPortMask all = {{~0U, ~0U}};
     static const TstFlshVlanPortBasedEntry every_port = {{all, all, all, all, all, all, all, all}};
     const unsigned management = value_of(U_VlanGetMgnVlanId);
     unsigned other = 1;
     while (other < 4094 && (other == management || !has_vlan(other))) {
         ++other;
     }
+    static TstFlshVlanPortBasedEntry others, next; // as in restore, always with port 8
+    for (unsigned i = 0; i < 8; ++i) {
+        others.stPortMask[i] = {{0x1ffU & ~(1U << i), 0}};
+        next.stPortMask[i] = {{0x100U | 1U << (i + 1) % 8, 0}};
+    }
     static vlan_data_t counts;
     std::memset(counts.portrole, 1, sizeof counts.portrole);
-    for (auto& list : counts.vlan_str) {
-        std::fill_n(&list[0], sizeof list - 1, 't');
+    for (char* list : counts.vlan_str) {
+        std::memset(list, 't', 1023);
+    }
+    while (unused > 2 && (has_vlan(unused) || has_vlan(unused + 2) || has_vlan(unused + 4))) {
+        --unused;
     }
     GETTER(get_vlan_data, record(counts));
     GETTER(U_VlanGetSttcEntry, management, bytes(8, 8), bytes(8, 8), {});
@@ -216,12 +229,14 @@ void check_vlan_header() {
     const unsigned port = std::clamp<unsigned>(g_ucMaxPhyPort, 1, 8) - 1;
     check_setting(
         {"get_vlan_data", vlans}, {"set_vlan_data", set_vlans},
-        {record(counts, vlans_with(port, 1, ",4001,4003,4005"), vlans_with(port, 1, ",4001,4005")),
+        {record(counts,
+                vlans_with(port, 1, formatted(",%u,%u,%u", unused, unused + 2, unused + 4).c_str()),
+                vlans_with(port, 1, formatted(",%u,%u", unused, unused + 4).c_str())),
          {7, 5}});
     SETTING(U_VlanGetMgnVlanId, U_FlshVlanSetMgnVlanId,
             {management, has_vlan(other) ? other : management});
     SETTING(U_FlshVlanGetPortBasedEntry, U_FlshVlanSetPortBasedEntry,
-            record(every_port, {{eight, eight, eight, eight, eight, eight, eight, eight}}));
+            record(every_port, others, next));
 }
 
 } // namespace
@@ -235,7 +250,7 @@ void check_switching() {
     SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode,
             record(counts, {0, {1, 1, 1, 1, 1, 1, 1, 1}, 1}, {0, {8, 8, 8, 8, 8, 8, 8, 8}, 3}));
     SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode,
-            bytes(sizeof(TstFlshSchedulemode), 2, 0, 7));
+            record(counts, {0, {1, 1, 1, 1, 1, 1, 1, 1}, 1}, {7, {1, 1, 1, 1, 1, 1, 1, 1}, 1}));
     SETTING(U_QosGetcosqueuemapping, U_QosSetcosqueuemapping, bytes(8, 8, 1, 6));
     SETTING(U_QosGetdscpmapping, U_QosSetdscpmapping, bytes(64, 64, 1, 6));
     check_port_security();

@@ -26,6 +26,32 @@ unsigned short lldp_state(unsigned char* state) {
     return result;
 }
 
+// A gateway must be in the subnet.
+unsigned short network(unsigned long* address, unsigned long* mask, unsigned long* gateway) {
+    const unsigned short result = U_FlshSysGetIp(address, mask);
+    if (result == 0) {
+        U_FlshSysGetGateway(gateway);
+    }
+    return result;
+}
+
+unsigned short set_network(unsigned long address, unsigned long mask, unsigned long gateway) {
+    const unsigned short result = U_FlshSysSetIp(address, mask);
+    U_FlshSysSetGateway(gateway);
+    return result;
+}
+
+// While it is off, nothing else counts.
+unsigned short mirror(char* state, unsigned char* mode, unsigned short* analyzer,
+                      unsigned short* monitored) {
+    const unsigned short result = U_FwdGetPortMirror(state, mode, analyzer, monitored);
+    if (result == 0 && *state == 0) {
+        *mode = 0;
+        *analyzer = *monitored = 0xffff;
+    }
+    return result;
+}
+
 // No port is -1, and is read as 65535.
 unsigned short set_mirror(char state, unsigned char mode, int16_t analyzer, int16_t monitored) {
     return U_FwdSetPortMirror(state, mode, analyzer, monitored);
@@ -44,8 +70,10 @@ void check_system() {
     GETTER(U_SysGetFirmwareVer, {}, {}, {});
     SETTING(U_FlshSysInfoGetName, U_FlshSysInfoSetName, text(30), 30);
     SETTING(U_FlshSysGetDhcp, U_FlshSysSetDhcp, {0, 1});
-    SETTING(U_FlshSysGetIp, U_FlshSysSetIp, hosts(), {ip("255.255.255.0"), ip("255.255.0.0")});
-    SETTING(U_FlshSysGetGateway, U_FlshSysSetGateway, hosts());
+    GETTER(U_FlshSysGetGateway, {});
+    check_setting(
+        {"U_FlshSysGetIp", network}, {"U_FlshSysSetIp", set_network},
+        {hosts(), {ip("255.255.255.0"), ip("255.255.0.0")}, {ip("192.0.2.1"), ip("192.0.2.254")}});
     SETTING(U_FlshSysGetDNSIp, U_FlshSysSetDNSIp, 1, hosts());
     check_texts(NAMED(U_SysCheckIpMaskString), true, host, mask);
     check_texts(NAMED(U_SysCheckIpMaskString), false, "256.1.1.1", mask);
@@ -59,7 +87,7 @@ void check_system() {
     GETTER(U_LldpGetEnable, {});
     check_setting({"U_LldpGetEnable", lldp_state}, {NAMED(U_LldpSetEnable)}, {{3, 1}});
     SETTING(U_FlshHTTPSGet, U_FlshHTTPSSet, {0, 1});
-    check_setting({NAMED(U_FwdGetPortMirror)}, {"U_FwdSetPortMirror", set_mirror},
+    check_setting({"U_FwdGetPortMirror", mirror}, {"U_FwdSetPortMirror", set_mirror},
                   {{1, 1}, {3, 3}, {0, 1}, {1, 0}});
     check_setting({"get_eeprom_serial_port", [](int* flag) { *flag = get_eeprom_serial_port(); }},
                   {NAMED(set_eeprom_serial_port)}, {{0, 1}});

@@ -9,6 +9,7 @@
 #include "platform/include/modbus.h"
 #include "platform/include/port_masks.h"
 #include "platform/include/ports.h"
+#include "platform/include/qos.h"
 #include "platform/include/rstp.h"
 #include "platform/include/services.h"
 #include "platform/include/smtp.h"
@@ -41,7 +42,8 @@ int calls = 0;
         return real_##operation arguments;                                                         \
     }
 
-// Getters of another width, and one whose value changes.
+// One that always fails, getters of another width, and one whose value changes.
+FAULTY(U_LldpGetEnable, (unsigned char* enabled), (enabled), return 1;)
 FAULTY(U_StpGetPriority, (uint16_t * value), (value), value[1] = 0;)
 FAULTY(U_SysGetModbusPort, (unsigned long* value), (value),
        *reinterpret_cast<uint16_t*>(value) = 502;
@@ -80,36 +82,36 @@ FAULTY(str_to_mac, (unsigned char* mac, const char* text), (mac, text),
        const int result = real_str_to_mac(mac, text);
        mac[5] = 0; return result;)
 
-// Secrets: an AES that does nothing, other padding, and digits that are none.
+// Secrets: an AES that does nothing, other padding, and a terminator that nobody wants.
 FAULTY(AES_ECB_encrypt, (const AES_ctx* context, uint8_t* block), (context, block), return;)
 FAULTY(_pkcs7pad, (uint8_t * block), (block), return;)
-FAULTY(
-    hexstr_to_byte, (char* bytes, const char* text), (bytes, text),
-    for (unsigned value; std::sscanf(text, "%2x", &value) == 1;
-         text += strnlen(text, 2)) { *bytes++ = static_cast<char>(value); } return;)
+FAULTY(hexstr_to_byte, (char* bytes, const char* text), (bytes, text),
+       bytes[std::strlen(text) / 2] = '\0';)
 FAULTY(usrutil_hexStrToHexValue, (const unsigned char* text, unsigned char* bytes, int length),
        (text, bytes, length), char digits[33] = {};
        std::memcpy(digits, text, static_cast<unsigned>(2 * length)); digits[2 * length - 1] = '0';
        return real_usrutil_hexStrToHexValue(reinterpret_cast<unsigned char*>(digits), bytes,
                                             length);)
 
-// A second word that is ignored, trunks that share a name, other names and modes of ports.
+// Ports of another word, words too many, another name and mode of ports.
 FAULTY(U_LPortMaskSetPort, (TstLPortMask * mask, uint8_t port), (mask, port),
        return real_U_LPortMaskSetPort(mask, port % 32);)
+FAULTY(U_LPortMaskClrAll, (TstLPortMask * mask), (mask), mask[1].ulMask[0] = 0;)
 FAULTY(U_PPortMaskOr,
        (TstPPortMask * destination, const TstPPortMask* first, const TstPPortMask* second),
        (destination, first, second), destination->ulMask[0] = first->ulMask[0] | second->ulMask[0];
        return;)
-FAULTY(
-    U_TrkLId2LogicId, (char* name, uint8_t id), (name, id),
-    const bool is_trunk = fault[16] == '\0'; // else the fault is that of Port7
-    id = is_trunk && id > 8 ? 8 : id; if (!is_trunk && id == 6) { id = 9; })
+FAULTY(U_TrkLId2LogicId, (char* name, uint8_t id), (name, id), id = id == 6 ? 9 : id;)
 FAULTY(U_TrkLId2PMask, (TstPPortMask * members, uint8_t id), (members, id), members->ulMask[0] = id;
        return 0;)
 FAULTY(U_PortGetMode, (uint8_t port), (port), port = port == 4 ? 6 : port;)
 
-// Setters: without effect, with effect once only, cut, and one that leaves a hole in a table.
-FAULTY(U_StpSetForceVersion, (uint8_t version), (version), (void)version; return 0;)
+// Setters: without effect, with effect on another port too, with no strict priority, with effect
+// once only, cut, and one that leaves a hole in a table.
+FAULTY(U_StpSetEbl, (char enabled), (enabled), (void)enabled; return 0;)
+FAULTY(U_Dot1xSetPortMode, (uint8_t port, uint8_t mode), (port, mode),
+       real_U_Dot1xSetPortMode(3, mode);)
+FAULTY(U_QosSetScheduleMode, (TstFlshSchedulemode * mode), (mode), mode->sch = 0;)
 FAULTY(
     U_FlshHTTPSSet, (char enabled), (enabled), if (++calls > 1) { return 0; })
 FAULTY(U_Dot1xSetTimeoutReauth, (uint32_t seconds), (seconds), seconds &= 0xff;)
