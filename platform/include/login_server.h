@@ -26,7 +26,7 @@ CONTRACT_ASSERT(crypt_CHAP == 3 && crypt_MSCHAP == 4);
 /*
  * Whether logins use the server (1) or not (0), and its kind. The tool always
  * passes 1 as the last argument of a set, here and below; its meaning is the
- * library's own.
+ * library's own. To turn it off restore passes the kind that the device has.
  */
 unsigned short U_LoginAuthSrvGetEbl(uint8_t* enabled, uint8_t* kind);
 unsigned short U_LoginAuthSrvSetEbl(uint8_t enabled, uint8_t kind, char apply);

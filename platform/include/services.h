@@ -27,10 +27,11 @@ unsigned short U_FlshHTTPSGet(char* enabled);
 unsigned short U_FlshHTTPSSet(char enabled);
 
 /*
- * Port mirroring: its state (0 is off), its mode, the analyzer port and the
- * monitored port; ports count from 0. Restore passes mode 3, with -1 for a port
- * that the document does not name; to turn mirroring off it passes state 0, mode 0
- * and -1 for both ports. What the modes and port -1 mean is the library's own.
+ * Port mirroring: its state (0 is off, any other number on), its mode, the analyzer
+ * port and the monitored port; ports count from 0. Restore passes the document's
+ * state, -1 if it has none, and mode 3, with -1 for a port that the document does
+ * not name; to turn mirroring off it passes state 0, mode 0 and -1 for both ports.
+ * What the modes and port -1 mean is the library's own.
  */
 unsigned short U_FwdGetPortMirror(char* state, unsigned char* mode,
                                   unsigned short* ucPortMirrorAnlyPort,

@@ -62,7 +62,7 @@ enum {
     VLAN_DATA_VALID = 0,
     VLAN_DATA_ROLE = -1,        /* a role is neither access nor trunk */
     VLAN_DATA_ACCESS_LIST = -2, /* an access port lists more than one VLAN */
-    VLAN_DATA_ID_VALUE = -3,    /* an ID is not a number */
+    VLAN_DATA_ID_VALUE = -3,    /* an ID is invalid */
     VLAN_DATA_ID_RANGE = -4,    /* an ID is out of range */
     VLAN_DATA_MANAGEMENT = -5,  /* the management VLAN is wrong */
     VLAN_DATA_MANAGEMENT_2 = -6 /* the same */
@@ -95,7 +95,10 @@ unsigned short U_FlshVlanSetMgnVlanId(uint16_t id);
 uint16_t U_VlanGetSttcEntry(uint16_t id, TstLPortMask* members, TstLPortMask* tagged,
                             uint16_t* protocol_type);
 
-/* Port isolation: for each source port the logical ports that it may forward to. */
+/*
+ * Port isolation: for each source port the logical ports that it may forward to.
+ * Restore always adds logical port 8, and never the source port itself.
+ */
 typedef struct {
     TstLPortMask stPortMask[8];
 } TstFlshVlanPortBasedEntry;
