@@ -18,16 +18,6 @@ int print_message(const char* format, ...) {
     return fprintf(stderr, "%.*s\n", static_cast<int>(strcspn(message, "\n")), message);
 }
 
-Entry* find(Document& document, const char* name) {
-    const unsigned hash = dictionary_hash(name);
-    for (int i = 0; i < document.entry_count; ++i) {
-        if (document.values->hash[i] == hash && strcmp(document.entries[i].name, name) == 0) {
-            return &document.entries[i];
-        }
-    }
-    return nullptr;
-}
-
 // The entry that a line of this section sets, null if there is none.
 Entry* entry_set_by(const char* line, Document& document, const char* section) {
     char name[2 * line_size];
@@ -47,25 +37,51 @@ Entry* entry_set_by(const char* line, Document& document, const char* section) {
     return found != nullptr && (found->value == nullptr) == is_section ? found : nullptr;
 }
 
-void place_lines(Document& document) {
-    const Entry* section = nullptr;
-    char* rest = document.text;
-    for (int number = 1; const char* line = strsep(&rest, "\n"); ++number) {
-        const char* inside = section != nullptr ? section->name : "";
-        if (Entry* entry = entry_set_by(line, document, inside)) {
-            section = entry->value == nullptr ? entry : section;
-            entry->section = section;
-            entry->key = entry->value == nullptr ? "" : entry->name + strlen(inside) + 1;
-            entry->line = line;
-            entry->line_number = number;
-        }
+void place_line(Document& document, const char* line, int number, const Entry*& section) {
+    const char* inside = section != nullptr ? section->name : "";
+    if (Entry* entry = entry_set_by(line, document, inside)) {
+        section = entry->value == nullptr ? entry : section;
+        entry->section = section;
+        entry->key = entry->value == nullptr ? "" : entry->name + strlen(inside) + 1;
+        entry->line = line;
+        entry->line_number = number;
     }
 }
 
-// Prints the text as the line of the entry spells it.
+// A line that ends with a backslash is joined with the next, as the library does.
+void place_lines(Document& document) {
+    const Entry* section = nullptr;
+    char* rest = document.text;
+    char* line = rest;
+    char* end = rest;
+    for (int number = 1, first = 1; const char *piece = strsep(&rest, "\n"); ++number) {
+        const std::size_t length = strlen(piece);
+        memmove(end, piece, length);
+        for (end += length; end > line && isspace(static_cast<unsigned char>(end[-1])) != 0;) {
+            --end;
+        }
+        if (end > line && end[-1] == '\\') {
+            --end;
+            continue;
+        }
+        *end++ = '\0';
+        place_line(document, line, first, section);
+        line = end;
+        first = number + 1;
+    }
+}
+
+// Without what a terminal would obey.
+void print_clean(const char* text, std::size_t length) {
+    for (std::size_t i = 0; i < length; ++i) {
+        putchar(iscntrl(static_cast<unsigned char>(text[i])) != 0 ? '?' : text[i]);
+    }
+}
+
+// As the line of the entry spells it, up to a quote: a secret may follow.
 void print_spelt(const Entry& entry, const char* text) {
     const char* spelt = entry.line != nullptr ? strcasestr(entry.line, text) : nullptr;
-    printf("%.*s", static_cast<int>(strlen(text)), spelt != nullptr ? spelt : text);
+    print_clean(spelt != nullptr ? spelt : text, strcspn(text, "\""));
 }
 
 // In the letter case of the document.
@@ -83,14 +99,29 @@ void print_value(const Entry& entry) {
     for (const char* word : {"pass", "key", "community", "sci", "sak", "secret"}) {
         is_secret |= strstr(entry.key, word) != nullptr;
     }
-    if (entry.value == nullptr) {
-        printf("the whole section");
+    for (const char* word : {"status", "permission"}) {
+        is_secret &= strstr(entry.key, word) == nullptr;
+    }
+    if (entry.value == nullptr || (is_secret && *entry.value != '\0')) {
+        printf(entry.value == nullptr ? "the whole section" : "(secret)");
     } else {
-        printf(is_secret ? "(secret)" : "\"%s\"", entry.value);
+        printf("\"");
+        print_clean(entry.value, strlen(entry.value));
+        printf("\"");
     }
 }
 
 } // namespace
+
+Entry* find(Document& document, const char* name) {
+    const unsigned hash = dictionary_hash(name);
+    for (int i = 0; i < document.entry_count; ++i) {
+        if (document.values->hash[i] == hash && strcmp(document.entries[i].name, name) == 0) {
+            return &document.entries[i];
+        }
+    }
+    return nullptr;
+}
 
 bool open_document(Document& document, const char* path) {
     iniparser_set_error_callback(print_message);

@@ -8,7 +8,7 @@ struct Entry {
     const char* value;    // null for a section
     const Entry* section; // null for a key without one; a section is its own
     const char* key;      // within the name; empty for a section
-    const char* line;     // the last that sets the entry, null if unknown
+    const char* line;     // the last that sets the entry, null if there is none
     int line_number;      // from 1
     Entry* other;         // the same of the other document, null if it is missing there
 };
@@ -17,7 +17,7 @@ struct Document {
     dictionary* values;
     Entry entries[max_document_size + 1]; // in the order of the document; the last is empty
     int entry_count;
-    char text[max_document_size + 1]; // a terminator for each newline
+    char text[max_document_size + 1]; // its lines, terminated, joined where they continue
 };
 
 // The same entry of both documents; null where it is missing.
@@ -35,6 +35,9 @@ inline int pair_count;
 // False if the document cannot be loaded. A message says why, without any text of
 // the document.
 bool open_document(Document& document, const char* path);
+
+// By its whole name; null if the document lacks it.
+Entry* find(Document& document, const char* name);
 
 void pair_entries();
 

@@ -1,8 +1,4 @@
-// Shows how two documents differ, by section and key.
-//
-//   switch-config-compare [-cs] [-x SECTION]... A B
-//
-// Exit status, as of diff(1): 0 no difference, 1 some, 2 trouble.
+// Shows how two documents differ, by section and key: see switch-config-compare(8).
 
 #include "companions/entries.h"
 
@@ -34,18 +30,44 @@ int number_in(const Entry& entry) {
     return atoi(entry.key + strcspn(entry.key, "0123456789"));
 }
 
-bool has_neighbour(const Entry& entry, const Entry& beside) {
+bool is_beside(const Entry& beside, const Entry& entry) {
     return beside.value != nullptr && beside.other != nullptr && entry.section == beside.section &&
            number_in(entry) == number_in(beside);
 }
 
 // Whether B's entry, which A lacks, is a section, the last key, or between two keys
-// that A has.
+// that A has. Backup writes the last section in two forms.
 bool is_lost(const Entry& entry) {
-    const Entry& next = (&entry)[1];
-    return entry.value == nullptr || next.name == nullptr ||
-           (&entry != document_b.entries && has_neighbour(entry, (&entry)[-1]) &&
-            has_neighbour(entry, next));
+    if (entry.value != nullptr && (&entry)[1].name == nullptr) {
+        return !find(document_a, "dscp mapping:message") &&
+               !find(document_a, "dscp mapping:0x3f(63)");
+    }
+    return entry.value == nullptr ||
+           (&entry != document_b.entries && is_beside((&entry)[-1], entry) &&
+            is_beside((&entry)[1], entry));
+}
+
+// The keys of an account: without one of them it would be made with an empty one.
+constexpr const char* account_keys[][3] = {
+    {"password:user name%d", "password:password%d", "password:access_right%d"},
+    {"snmp settings:snmp v3 user name%d", "snmp settings:snmp v3 authentication password%d",
+     "snmp settings:snmp v3 encryption key%d"},
+};
+
+// Shows an account of A that has some of them.
+bool show_torn(const char* const (&keys)[3], int number) {
+    const Entry* found = nullptr;
+    int count = 0;
+    for (const char* key : keys) {
+        const Entry* entry = find(document_a, EntryName(key, number));
+        count += entry != nullptr ? 1 : 0;
+        found = found != nullptr ? found : entry;
+    }
+    if (found == nullptr || count == 3 || is_left_out(*found)) {
+        return false;
+    }
+    return printf("line %d: [%s] has %d of the 3 keys of account %d\n", found->line_number,
+                  found->section->name, count, number) > 0;
 }
 
 // A missing section is shown without its keys.
@@ -63,7 +85,7 @@ bool read_options(int argc, char** argv) {
     for (int option = 0; (option = getopt(argc, argv, "csx:")) != -1;) {
         is_about_loss |= option == 'c';
         is_about_switch |= option == 's';
-        if (option == '?' || left_out_count == std::size(left_out)) {
+        if (option == '?' || (option == 'x' && left_out_count == std::size(left_out))) {
             return false;
         }
         if (option == 'x') {
@@ -81,7 +103,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     if (!open_document(document_a, argv[optind]) || !open_document(document_b, argv[optind + 1])) {
-        fprintf(stderr, "switch-config-compare: mend the document that cannot be read\n");
+        fprintf(stderr, "switch-config-compare: fix the document that cannot be read\n");
         return 2;
     }
     pair_entries();
@@ -91,6 +113,9 @@ int main(int argc, char** argv) {
             print_difference(pairs[i], is_about_switch);
             result = 1;
         }
+    }
+    for (int i = 0; is_about_loss && i < 64; ++i) {
+        result |= show_torn(account_keys[i % 2], i / 2) ? 1 : 0;
     }
     return result;
 }

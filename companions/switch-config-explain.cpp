@@ -1,10 +1,6 @@
 // Explains the fault that check finds: what its code means, and which lines it is
 // about. They are found by trial: entries of a backup take their place, and check says
-// whether the fault is gone.
-//
-//   switch-config-explain [DOCUMENT]
-//
-// Exit status: 0 no fault, 1 a fault, 2 wrong usage.
+// whether the fault is gone: see switch-config-explain(8).
 
 #include "companions/entries.h"
 #include "frame/modes.h"
@@ -12,6 +8,7 @@
 #include "platform/include/return_codes.h"
 #include "platform/include/start_up.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <ctime>
 #include <unistd.h>
@@ -25,7 +22,8 @@ constexpr const char* meanings[] = {
 
 bool is_ours[2 * max_document_size];  // of each pair: whether the trials have the document's
 bool is_fault[2 * max_document_size]; // or whether that causes the fault
-time_t last_second;                   // of the search
+bool is_first[2 * max_document_size]; // the faults that the first search has found
+time_t end_of_search;
 
 // The code that check reports, 0 if all passes, -1 if there is no memory.
 int check(const dictionary* ini) {
@@ -70,7 +68,7 @@ int try_ours(int first, int last) {
 bool choose(int first, int last, int code) {
     for (; first < last && is_ours[first]; ++first) {
     }
-    if (first == last || time(nullptr) > last_second) {
+    if (first == last || time(nullptr) >= end_of_search) {
         return false;
     }
     const int found = try_ours(first, last);
@@ -79,30 +77,44 @@ bool choose(int first, int last, int code) {
         const bool chosen = choose(first, middle, code);
         return choose(middle, last, code) || chosen;
     }
-    is_fault[first] = found == code;
+    is_fault[first] |= found == code;
     for (int i = first; found == 0 && i < last; ++i) {
         is_ours[i] = true;
     }
     return found == 0;
 }
 
-// Prints them. False if it cannot tell.
-bool find_faults(int code) {
-    bool is_found = false;
-    pair_entries();
+void search(int code) {
     for (int i = 0; i < pair_count; ++i) {
         is_ours[i] = is_same(pairs[i]);
+        is_fault[i] = false;
     }
     while (try_ours(0, 0) != code && choose(0, pair_count, code)) {
     } // what passes only beside another is chosen later
-    for (int i = 0; i < pair_count && time(nullptr) <= last_second; ++i) {
-        if (is_fault[i] && !is_ours[i]) {
+}
+
+// Searches from either end: what is a fault only from one depends on other lines.
+void print_faults(int code) {
+    bool is_found = false;
+    pair_entries();
+    search(code);
+    std::copy_n(is_fault, pair_count, is_first);
+    std::reverse(pairs, pairs + pair_count);
+    search(code);
+    std::reverse(pairs, pairs + pair_count);
+    std::reverse(is_fault, is_fault + pair_count);
+    for (int i = 0; time(nullptr) < end_of_search && i < pair_count; ++i) {
+        if (is_fault[i] || is_first[i]) {
             printf("  ");
             print_difference(pairs[i], true);
             is_found = true;
         }
     }
-    return is_found;
+    if (!is_found) {
+        printf("  cannot tell which line it is: compare its section with a backup\n");
+    } else if (!std::equal(is_fault, is_fault + pair_count, is_first)) {
+        printf("  cannot tell which of them, or of the lines they depend on, is wrong\n");
+    }
 }
 
 void print_meaning(int code) {
@@ -112,7 +124,7 @@ void print_meaning(int code) {
             return;
         }
     }
-    printf("%d, see switch-config(8)\n", code);
+    printf("%d\n  the device itself refuses the network settings, with a code of its own\n", code);
 }
 
 int explain(const char* path) {
@@ -127,13 +139,13 @@ int explain(const char* path) {
     }
     print_meaning(code);
     fflush(stdout);
-    last_second = time(nullptr) + 2;
+    end_of_search = time(nullptr) + 2;
     if (!is_open) {
-        printf("  mend what the message above names, or name another document\n");
+        printf("  fix what the message above names, or name another document\n");
     } else if (!back_up()) {
         printf("  cannot look for the line: make room in /tmp\n");
-    } else if (!find_faults(code)) {
-        printf("  cannot tell which line it is: compare its section with a backup\n");
+    } else {
+        print_faults(code);
     }
     return 1;
 }
@@ -141,9 +153,9 @@ int explain(const char* path) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 2 || (argc == 2 && argv[1][0] == '-')) {
+    if (getopt(argc, argv, "") != -1 || argc - optind > 1) {
         fprintf(stderr, "usage: switch-config-explain [DOCUMENT]\n");
         return 2;
     }
-    return explain(argc == 2 ? argv[1] : restore_path);
+    return explain(optind < argc ? argv[optind] : restore_path);
 }

@@ -1,9 +1,4 @@
-// Prints the text that a document holds for a secret.
-//
-//   switch-config-secret snmp|dot1x|sci|sak
-//
-// The secret comes from the terminal, without echo, or from standard input.
-// Exit status: 0 printed, 1 refused, 2 wrong usage.
+// Prints the text that a document holds for a secret: see switch-config-secret(8).
 
 #include "codec/secret_codec.h"
 #include "frame/text.h"
@@ -78,8 +73,8 @@ int encode(const Kind& kind) {
     const bool same = !valid || isatty(STDIN_FILENO) == 0 ||
                       (ask("Again", again) && strcmp(input.chars, again.chars) == 0);
     if (!valid || !same) {
-        fprintf(stderr, "switch-config-secret: %s; %s takes %s\n",
-                same ? "refused" : "the two differ", kind.name, kind.takes);
+        fprintf(stderr, "switch-config-secret: %s takes %s, the same twice at a terminal\n",
+                kind.name, kind.takes);
         return 1;
     }
     char text[encrypted_size] = {};
@@ -95,7 +90,6 @@ int main(int argc, char** argv) {
             return encode(kind);
         }
     }
-    fprintf(stderr, "usage: switch-config-secret snmp|dot1x|sci|sak\n"
-                    "It reads the secret from the terminal or from standard input.\n");
+    fprintf(stderr, "usage: switch-config-secret snmp|dot1x|sci|sak\n");
     return 2;
 }
