@@ -37,6 +37,7 @@ void expect(const char* operation, const char* what, long expected, long seen);
 struct Argument {
     std::array<unsigned long, 2> numbers = {}; // to set; the first is what is passed by value
     bool is_index = false;                     // by value: each from the first up to the second
+    bool is_switch = false;                    // while it is 0, no other argument counts
     // An output that is no number: which bytes count ('t' in a text, else not zero), and
     // what to set.
     std::string counts = {};
@@ -72,6 +73,7 @@ inline Argument index_up_to(unsigned long end, unsigned long first = 0) {
 Argument text(std::size_t width, char separator = '.');
 Argument bytes(std::size_t width, std::size_t counting, char first = 0, char second = 0);
 Argument given(const std::string& text); // to a converter
+Argument turned_on();                    // and when the old value is off, nothing else counts
 unsigned long ip(const char* text);
 Argument hosts(); // IPv4 addresses
 
@@ -115,7 +117,7 @@ void check_setting(const Operation& get, const Operation& set, const Arguments& 
 #define GETTER(get, ...) check_getter({NAMED(get)}, {__VA_ARGS__})
 #define SETTING(get, set, ...) check_setting({NAMED(get)}, {NAMED(set)}, {__VA_ARGS__})
 
-// What backup writes, but for the clock.
+// What backup writes, but for the clock and the ports of mirroring, which may be off.
 using Lines = std::vector<std::string>;
 FILE* written_document();
 Lines document_lines();

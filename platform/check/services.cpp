@@ -141,8 +141,8 @@ void check_services() {
     check_validator(NAMED(Usrsyslog_check_system_log_server_port), {514}, {-2, 65536});
     SETTING(U_SysGetMSNTP, U_SysSetMSNTP, {0, 1}, {0, 62}, text(32), text(32), {60, 86400}, 0);
     GETTER(U_FlshntpIpDmStrngGet, {}, {}, text(32), text(32));
-    SETTING(U_SysGetDaylight, U_SysSetDaylight, {0, 1}, {3, 4}, {1, 2}, {0, 1}, {1, 2}, {9, 10},
-            {1, 2}, {0, 1}, {1, 2}, {1, 2});
+    SETTING(U_SysGetDaylight, U_SysSetDaylight, turned_on(), {3, 4}, {1, 2}, {0, 1}, {1, 2},
+            {9, 10}, {1, 2}, {0, 1}, {1, 2}, {1, 2});
     SETTING(U_FlshSmtpGetServer, U_FlshSmtpSetServer, text(32), 32);
     SETTING(U_FlshSmtpGetSendAdd, U_FlshSmtpSetSendAdd, text(32, '@'), 32);
     SETTING(U_FlshSmtpGetSubject, U_FlshSmtpSetSubject, text(32), 32);

@@ -61,11 +61,16 @@ void check_rstp() {
                   {port, bytes(sizeof(stp_rstp_t), 2, 0, 1)});
 }
 
-void switch_ports(TstFlshPortSecMac* security) {
+// In the order of restore.
+unsigned short set_port_security(TstFlshPortSecMac* security) {
+    TstFlshPortSecMac cleared = {};
+    cleared.gblebl = security->gblebl;
+    const auto result = static_cast<unsigned short>(U_FlshPortSecMacSet(&cleared));
     for (uint8_t port = 0; port < g_ucMaxPhyPort && port < 32; ++port) {
         const port_mac_t& entry = security->port_max_mac[port];
         U_PortSecSwitchMac(port, entry.Action, security->gblebl, entry.MaxMac);
     }
+    return result;
 }
 
 void check_port_security() {
@@ -76,9 +81,8 @@ void check_port_security() {
         on.port_max_mac[port] = {0, 1, 0, 2};
     }
     counts.gblebl = on.gblebl = 1;
-    const Argument security = record(counts, off, on);
-    SETTING(U_FlshPortSecMacGet, U_FlshPortSecMacSet, security);
-    check_setting({NAMED(U_FlshPortSecMacGet)}, {"U_PortSecSwitchMac", switch_ports}, {security});
+    check_setting({NAMED(U_FlshPortSecMacGet)}, {"U_FlshPortSecMacSet", set_port_security},
+                  {record(counts, off, on)});
 }
 
 TstFlshAcl made_rule(unsigned index, const std::string& name, uint8_t policy) {

@@ -29,10 +29,7 @@ unsigned short lldp_state(unsigned char* state) {
 // A gateway must be in the subnet.
 unsigned short network(unsigned long* address, unsigned long* mask, unsigned long* gateway) {
     const unsigned short result = U_FlshSysGetIp(address, mask);
-    if (result == 0) {
-        U_FlshSysGetGateway(gateway);
-    }
-    return result;
+    return result != 0 ? result : U_FlshSysGetGateway(gateway);
 }
 
 unsigned short set_network(unsigned long address, unsigned long mask, unsigned long gateway) {
@@ -41,20 +38,10 @@ unsigned short set_network(unsigned long address, unsigned long mask, unsigned l
     return result;
 }
 
-// While it is off, nothing else counts.
-unsigned short mirror(char* state, unsigned char* mode, unsigned short* analyzer,
-                      unsigned short* monitored) {
-    const unsigned short result = U_FwdGetPortMirror(state, mode, analyzer, monitored);
-    if (result == 0 && *state == 0) {
-        *mode = 0;
-        *analyzer = *monitored = 0xffff;
-    }
-    return result;
-}
-
-// No port is -1, and is read as 65535.
+// As in restore. No port is -1, and is read as 65535.
 unsigned short set_mirror(char state, unsigned char mode, int16_t analyzer, int16_t monitored) {
-    return U_FwdSetPortMirror(state, mode, analyzer, monitored);
+    return state == 0 ? U_FwdSetPortMirror(0, 0, -1, -1)
+                      : U_FwdSetPortMirror(state, mode, analyzer, monitored);
 }
 
 constexpr TstFlshPeriodic schedule = {1, 0xffff, 0xffff, 0xffffffff};
@@ -87,8 +74,8 @@ void check_system() {
     GETTER(U_LldpGetEnable, {});
     check_setting({"U_LldpGetEnable", lldp_state}, {NAMED(U_LldpSetEnable)}, {{3, 1}});
     SETTING(U_FlshHTTPSGet, U_FlshHTTPSSet, {0, 1});
-    check_setting({"U_FwdGetPortMirror", mirror}, {"U_FwdSetPortMirror", set_mirror},
-                  {{1, 1}, {3, 3}, {0, 1}, {1, 0}});
+    check_setting({NAMED(U_FwdGetPortMirror)}, {"U_FwdSetPortMirror", set_mirror},
+                  {turned_on(), {3, 3}, {0, 1}, {1, 0}});
     check_setting({"get_eeprom_serial_port", [](int* flag) { *flag = get_eeprom_serial_port(); }},
                   {NAMED(set_eeprom_serial_port)}, {{0, 1}});
     SETTING(U_GetPeriodicSetting, U_SetPeriodicSetting,

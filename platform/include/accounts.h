@@ -2,8 +2,9 @@
  * Login accounts: 15 slots, numbered from 0. Any of them may be empty.
  *
  * The account_ operations report through their last argument. The tool looks at
- * the error of account_getFromFlash only, and clears it before the call. Names and passwords have at most 31
- * characters; size is the size of the text's field, 32 bytes.
+ * the error of account_getFromFlash only, and clears it before the call. Names and
+ * passwords have at most 31 characters; size is the size of the text's field, 32
+ * bytes.
  */
 #ifndef SWITCH_ACCOUNTS_H
 #define SWITCH_ACCOUNTS_H
