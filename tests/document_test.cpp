@@ -139,7 +139,7 @@ TEST_F(Document, DisguisesWhatReadingsDifferIn) {
 
 TEST_F(Document, TakesUnusedBytesForADisguise) {
     std::string text;
-    for (int byte = 127; byte < 254; ++byte) {
+    for (int byte = 128; byte < 254; ++byte) {
         text += static_cast<char>(byte);
     }
     Disguise bytes;
