@@ -49,7 +49,9 @@ void check_digits(const char* text, const char* expected) {
     const auto* digits = reinterpret_cast<const unsigned char*>(text);
     const int result = usrutil_hexStrToHexValue(digits, output, 16);
     expect("usrutil_hexStrToHexValue", "converts 16 bytes, and returns -2 for other text", expected,
-           result == -2 ? "-2" : hex(output, 17));
+           result == -2 ? "-2" : hex(output, 16));
+    expect("usrutil_hexStrToHexValue", "writes no more than its length", std::string(96, '0'),
+           hex(output + 16, 48));
 }
 
 // The example of FIPS 197, appendix C.3.
@@ -99,7 +101,7 @@ void check_converters() {
     check_refused(NAMED(str_to_ip));
     check_refused(NAMED(str_to_ipaddr));
     check_refused(NAMED(str_to_mac));
-    check_digits("011f456789abcdef0123456789abcdef", "011f456789abcdef0123456789abcdef00");
+    check_digits("011f456789abcdef0123456789abcdef", "011f456789abcdef0123456789abcdef");
     check_digits("g11f456789abcdef0123456789abcdef", "-2");
     check_digits("011f456789abcdef0123456789abcdef0123456789abcdef0123456789abcdeg", "-2");
     check_known_answer();

@@ -200,15 +200,14 @@ void check_verdict(const char* what, int expected, int role, const char* more) {
 }
 
 void check_vlan_header() {
-    static const TstLPortMask all = {{~0U, ~0U}};
-    static const TstFlshVlanPortBasedEntry every_port = {{all, all, all, all, all, all, all, all}};
     const unsigned management = value_of(U_VlanGetMgnVlanId);
     unsigned other = 1;
     while (other < 4094 && (other == management || !has_vlan(other))) {
         ++other;
     }
-    static TstFlshVlanPortBasedEntry others, next; // as in restore, always with port 8
+    static TstFlshVlanPortBasedEntry every, others, next; // as in restore, always with port 8
     for (unsigned i = 0; i < 8; ++i) {
+        every.stPortMask[i] = {{~0U, ~0U}};
         others.stPortMask[i] = {{0x1ffU & ~(1U << i), 0}};
         next.stPortMask[i] = {{0x100U | 1U << (i + 1) % 8, 0}};
     }
@@ -239,8 +238,7 @@ void check_vlan_header() {
          {7, 5}});
     SETTING(U_VlanGetMgnVlanId, U_FlshVlanSetMgnVlanId,
             {management, has_vlan(other) ? other : management});
-    SETTING(U_FlshVlanGetPortBasedEntry, U_FlshVlanSetPortBasedEntry,
-            record(every_port, others, next));
+    SETTING(U_FlshVlanGetPortBasedEntry, U_FlshVlanSetPortBasedEntry, record(every, others, next));
 }
 
 } // namespace
