@@ -18,31 +18,29 @@ int print_message(const char* format, ...) {
     return fprintf(stderr, "%.*s\n", static_cast<int>(strcspn(message, "\n")), message);
 }
 
-// The entry that a line of this section sets, null if there is none.
-Entry* entry_set_by(const char* line, Document& document, const char* section) {
+bool is_blank(char letter) {
+    return isspace(static_cast<unsigned char>(letter)) != 0;
+}
+
+// Gives the line to the entry that it sets, in this section or as the next.
+void place_line(Document& document, const char* line, int number, const Entry*& section) {
     char name[2 * line_size];
-    line += strspn(line, " \t");
-    const bool is_section = *line == '[';
-    line += is_section ? 1 + strspn(line + 1, " \t") : 0;
-    std::size_t length = strcspn(line, is_section ? "]" : "=");
-    while (length > 0 && isspace(static_cast<unsigned char>(line[length - 1])) != 0) {
-        --length;
+    const char* text = line + strspn(line, " \t");
+    const bool is_section = *text == '[';
+    const char* inside = is_section || section == nullptr ? "" : section->name;
+    text += is_section ? 1 + strspn(text + 1, " \t") : 0;
+    int length = static_cast<int>(strcspn(text, is_section ? "]" : "="));
+    for (; length > 0 && is_blank(text[length - 1]); --length) {
     }
-    snprintf(name, sizeof name, "%s%s%.*s", is_section ? "" : section, is_section ? "" : ":",
-             static_cast<int>(length), line);
+    snprintf(name, sizeof name, "%s%s%.*s", inside, is_section ? "" : ":", length, text);
     for (char* letter = name; *letter != '\0'; ++letter) {
         *letter = static_cast<char>(tolower(static_cast<unsigned char>(*letter)));
     }
-    Entry* found = find(document, name);
-    return found != nullptr && (found->value == nullptr) == is_section ? found : nullptr;
-}
-
-void place_line(Document& document, const char* line, int number, const Entry*& section) {
-    const char* inside = section != nullptr ? section->name : "";
-    if (Entry* entry = entry_set_by(line, document, inside)) {
-        section = entry->value == nullptr ? entry : section;
+    Entry* entry = find(document, name);
+    if (entry != nullptr && (entry->value == nullptr) == is_section) {
+        section = is_section ? entry : section;
         entry->section = section;
-        entry->key = entry->value == nullptr ? "" : entry->name + strlen(inside) + 1;
+        entry->key = is_section ? "" : entry->name + strlen(inside) + 1;
         entry->line = line;
         entry->line_number = number;
     }
@@ -57,17 +55,16 @@ void place_lines(Document& document) {
     for (int number = 1, first = 1; const char *piece = strsep(&rest, "\n"); ++number) {
         const std::size_t length = strlen(piece);
         memmove(end, piece, length);
-        for (end += length; end > line && isspace(static_cast<unsigned char>(end[-1])) != 0;) {
-            --end;
+        for (end += length; end > line && is_blank(end[-1]); --end) {
         }
         if (end > line && end[-1] == '\\') {
             --end;
-            continue;
+        } else {
+            *end++ = '\0';
+            place_line(document, line, first, section);
+            line = end;
+            first = number + 1;
         }
-        *end++ = '\0';
-        place_line(document, line, first, section);
-        line = end;
-        first = number + 1;
     }
 }
 
@@ -94,29 +91,30 @@ void print_name(const Entry& entry) {
     print_spelt(entry, entry.key);
 }
 
-void print_value(const Entry& entry) {
-    bool is_secret = false;
+bool is_secret(const char* key) {
     for (const char* word : {"pass", "key", "community", "sci", "sak", "secret"}) {
-        is_secret |= strstr(entry.key, word) != nullptr;
+        if (strstr(key, word) != nullptr) {
+            return strstr(key, "status") == nullptr && strstr(key, "permission") == nullptr;
+        }
     }
-    for (const char* word : {"status", "permission"}) {
-        is_secret &= strstr(entry.key, word) == nullptr;
-    }
-    if (entry.value == nullptr || (is_secret && *entry.value != '\0')) {
+    return false;
+}
+
+void print_value(const Entry& entry) {
+    if (entry.value == nullptr || (*entry.value != '\0' && is_secret(entry.key))) {
         printf(entry.value == nullptr ? "the whole section" : "(secret)");
-    } else {
-        printf("\"");
-        print_clean(entry.value, strlen(entry.value));
-        printf("\"");
+        return;
     }
+    printf("\"");
+    print_clean(entry.value, strlen(entry.value));
+    printf("\"");
 }
 
 } // namespace
 
 Entry* find(Document& document, const char* name) {
-    const unsigned hash = dictionary_hash(name);
     for (int i = 0; i < document.entry_count; ++i) {
-        if (document.values->hash[i] == hash && strcmp(document.entries[i].name, name) == 0) {
+        if (strcmp(document.entries[i].name, name) == 0) {
             return &document.entries[i];
         }
     }
@@ -160,11 +158,12 @@ void pair_entries() {
 }
 
 bool is_same(const Pair& pair) {
-    const bool in_both = pair.a != nullptr && pair.b != nullptr;
-    if (!in_both || pair.a->value == nullptr || pair.b->value == nullptr) {
-        return in_both && pair.a->value == pair.b->value;
+    if (pair.a == nullptr || pair.b == nullptr) {
+        return false;
     }
-    return strcmp(pair.a->value, pair.b->value) == 0;
+    const char* value = pair.a->value;
+    const char* other = pair.b->value;
+    return value == other || (value != nullptr && other != nullptr && strcmp(value, other) == 0);
 }
 
 // Of what one lacks it shows only the switch's value: in a document, a misspelt key may
@@ -174,16 +173,16 @@ void print_difference(const Pair& pair, bool about_switch) {
         printf("line %d: ", pair.a->line_number);
     }
     print_name(pair.a != nullptr ? *pair.a : *pair.b);
-    if (pair.a == nullptr) {
-        printf(about_switch ? ": document lacks it" : ": A lacks it");
-    } else if (pair.b == nullptr) {
-        printf(about_switch ? ": switch lacks it" : ": B lacks it");
+    const char* a = about_switch ? "document" : "A";
+    const char* b = about_switch ? "switch" : "B";
+    if (pair.a == nullptr || pair.b == nullptr) {
+        printf(": %s lacks it", pair.a == nullptr ? a : b);
     } else {
-        printf(about_switch ? ": document " : ": A ");
+        printf(": %s ", a);
         print_value(*pair.a);
     }
     if (pair.b != nullptr && (pair.a != nullptr || about_switch)) {
-        printf(about_switch ? ", switch has " : ", B has ");
+        printf(", %s has ", b);
         print_value(*pair.b);
     }
     printf("\n");

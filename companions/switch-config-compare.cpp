@@ -63,10 +63,8 @@ bool show_torn(const char* const (&keys)[3], int number) {
         count += entry != nullptr ? 1 : 0;
         found = found != nullptr ? found : entry;
     }
-    if (found == nullptr || count == 3 || is_left_out(*found)) {
-        return false;
-    }
-    return printf("line %d: [%s] has %d of the 3 keys of account %d\n", found->line_number,
+    return found != nullptr && count < 3 && !is_left_out(*found) &&
+           printf("line %d: [%s] has %d of the 3 keys of account %d\n", found->line_number,
                   found->section->name, count, number) > 0;
 }
 

@@ -29,12 +29,11 @@ time_t end_of_search;
 int check(const dictionary* ini) {
     char code[16] = "";
     FILE* report = fmemopen(code, sizeof code, "w");
-    if (report == nullptr) {
-        return -1;
+    if (report != nullptr) {
+        check_sections(ini, report);
+        fclose(report);
     }
-    check_sections(ini, report);
-    fclose(report);
-    return atoi(code);
+    return report != nullptr ? atoi(code) : -1;
 }
 
 // In a file without a name, since it holds secrets.
@@ -96,7 +95,6 @@ void search(int code) {
 // Searches from either end: what is a fault only from one depends on other lines.
 void print_faults(int code) {
     bool is_found = false;
-    pair_entries();
     search(code);
     std::copy_n(is_fault, pair_count, is_first);
     std::reverse(pairs, pairs + pair_count);
@@ -145,6 +143,7 @@ int explain(const char* path) {
     } else if (!back_up()) {
         printf("  cannot look for the line: make room in /tmp\n");
     } else {
+        pair_entries();
         print_faults(code);
     }
     return 1;
