@@ -41,37 +41,34 @@ void place_line(Document& document, const char* line, int number, const Entry*& 
         section = is_section ? entry : section;
         entry->section = section;
         entry->key = is_section ? "" : entry->name + strlen(inside) + 1;
-        entry->line = line;
+        entry->line = strdup(line);
         entry->line_number = number;
     }
 }
 
 // A line that ends with a backslash is joined with the next, as the library does.
-void place_lines(Document& document) {
+void place_lines(Document& document, FILE* file) {
     const Entry* section = nullptr;
-    char* rest = document.text;
-    char* line = rest;
-    char* end = rest;
-    for (int number = 1, first = 1; const char *piece = strsep(&rest, "\n"); ++number) {
-        const std::size_t length = strlen(piece);
-        memmove(end, piece, length);
-        for (end += length; end > line && is_blank(end[-1]); --end) {
+    char line[2 * line_size];
+    std::size_t length = 0;
+    for (int number = 1, first = 1; fgets(line + length, line_size, file) != nullptr; ++number) {
+        for (length = strlen(line); length > 0 && is_blank(line[length - 1]); --length) {
         }
-        if (end > line && end[-1] == '\\') {
-            --end;
-        } else {
-            *end++ = '\0';
-            place_line(document, line, first, section);
-            line = end;
-            first = number + 1;
+        if (length > 0 && line[length - 1] == '\\' && length < line_size) {
+            --length;
+            continue;
         }
+        line[length] = '\0';
+        place_line(document, line, first, section);
+        first = number + 1;
+        length = 0;
     }
 }
 
 // Without what a terminal would obey.
 void print_clean(const char* text, std::size_t length) {
-    for (std::size_t i = 0; i < length; ++i) {
-        putchar(iscntrl(static_cast<unsigned char>(text[i])) != 0 ? '?' : text[i]);
+    for (const char* end = text + length; text < end; ++text) {
+        putchar(iscntrl(static_cast<unsigned char>(*text)) != 0 ? '?' : *text);
     }
 }
 
@@ -128,8 +125,6 @@ bool open_document(Document& document, const char* path) {
     if (file == nullptr) {
         return false;
     }
-    document.text[fread(document.text, 1, max_document_size, file)] = '\0';
-    fclose(file);
     for (int i = 0; i < static_cast<int>(document.values->n); ++i) {
         Entry& entry = document.entries[document.entry_count++];
         entry.name = document.values->key[i];
@@ -137,7 +132,8 @@ bool open_document(Document& document, const char* path) {
         entry.section = entry.value == nullptr ? &entry : nullptr;
         entry.key = entry.value == nullptr ? "" : entry.name;
     }
-    place_lines(document);
+    place_lines(document, file);
+    fclose(file);
     return true;
 }
 

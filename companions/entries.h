@@ -17,7 +17,6 @@ struct Document {
     dictionary* values;
     Entry entries[max_document_size + 1]; // in the order of the document; the last is empty
     int entry_count;
-    char text[max_document_size + 1]; // its lines, terminated, joined where they continue
 };
 
 // The same entry of both documents; null where it is missing.
@@ -27,24 +26,16 @@ struct Pair {
 };
 
 // Pages that are not written take no memory.
-inline Document document_a;
-inline Document document_b;
+inline Document document_a, document_b;
 inline Pair pairs[2 * max_document_size]; // in the order of document B
 inline int pair_count;
 
-// False if the document cannot be loaded. A message says why, without any text of
-// the document.
+// False if it cannot be loaded. A message says why, without any text of the document.
 bool open_document(Document& document, const char* path);
-
-// By its whole name; null if the document lacks it.
-Entry* find(Document& document, const char* name);
-
+Entry* find(Document& document, const char* name); // null if the document lacks it
 void pair_entries();
+bool is_same(const Pair& pair); // whether both have it, with the same value
 
-// Whether both have it, with the same value.
-bool is_same(const Pair& pair);
-
-// Prints what is not the same in both, in a line: where it is in A, "[Section] Key", and
-// what either has or which lacks it. They are called A and B, or the document and the
-// switch. A value is "(secret)" if the key suggests one, plain or encrypted.
+// Prints in a line where it is in A, "[Section] Key", and what A and B, or the document
+// and the switch, have. A value is "(secret)" if the key suggests one, plain or encrypted.
 void print_difference(const Pair& pair, bool about_switch);

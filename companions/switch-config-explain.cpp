@@ -20,9 +20,8 @@ constexpr const char* meanings[] = {
 #include "codes.inc"
 };
 
-bool is_ours[2 * max_document_size];  // of each pair: whether the trials have the document's
-bool is_fault[2 * max_document_size]; // or whether that causes the fault
-bool is_first[2 * max_document_size]; // the faults that the first search has found
+bool is_ours[2 * max_document_size]; // of each pair: whether the trials have the document's
+int faults[2 * max_document_size];   // or in which searches that caused the fault, 1 and 2
 time_t end_of_search;
 
 // The code that check reports, 0 if all passes, -1 if there is no memory.
@@ -64,7 +63,7 @@ int try_ours(int first, int last) {
 
 // Chooses ours where check then passes. One that alone causes the code is at fault.
 // False if none could be chosen.
-bool choose(int first, int last, int code) {
+bool choose(int first, int last, int code, int turn) {
     for (; first < last && is_ours[first]; ++first) {
     }
     if (first == last || time(nullptr) >= end_of_search) {
@@ -73,44 +72,43 @@ bool choose(int first, int last, int code) {
     const int found = try_ours(first, last);
     if (found != 0 && last - first > 1) {
         const int middle = (first + last) / 2;
-        const bool chosen = choose(first, middle, code);
-        return choose(middle, last, code) || chosen;
+        const bool chosen = choose(first, middle, code, turn);
+        return choose(middle, last, code, turn) || chosen;
     }
-    is_fault[first] |= found == code;
+    faults[first] |= found == code ? turn : 0;
     for (int i = first; found == 0 && i < last; ++i) {
         is_ours[i] = true;
     }
     return found == 0;
 }
 
-void search(int code) {
+void search(int code, int turn) {
     for (int i = 0; i < pair_count; ++i) {
         is_ours[i] = is_same(pairs[i]);
-        is_fault[i] = false;
     }
-    while (try_ours(0, 0) != code && choose(0, pair_count, code)) {
+    while (try_ours(0, 0) != code && choose(0, pair_count, code, turn)) {
     } // what passes only beside another is chosen later
+    std::reverse(pairs, pairs + pair_count);
+    std::reverse(faults, faults + pair_count);
 }
 
 // Searches from either end: what is a fault only from one depends on other lines.
 void print_faults(int code) {
     bool is_found = false;
-    search(code);
-    std::copy_n(is_fault, pair_count, is_first);
-    std::reverse(pairs, pairs + pair_count);
-    search(code);
-    std::reverse(pairs, pairs + pair_count);
-    std::reverse(is_fault, is_fault + pair_count);
+    bool is_sure = true;
+    search(code, 1);
+    search(code, 2);
     for (int i = 0; time(nullptr) < end_of_search && i < pair_count; ++i) {
-        if (is_fault[i] || is_first[i]) {
+        if (faults[i] != 0) {
             printf("  ");
             print_difference(pairs[i], true);
             is_found = true;
+            is_sure = is_sure && faults[i] == 3;
         }
     }
     if (!is_found) {
         printf("  cannot tell which line it is: compare its section with a backup\n");
-    } else if (!std::equal(is_fault, is_fault + pair_count, is_first)) {
+    } else if (!is_sure) {
         printf("  cannot tell which of them, or of the lines they depend on, is wrong\n");
     }
 }

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr char hexadecimal_digits[] = "0123456789abcdefABCDEF";
-
 // Each kind with the lengths that restore decodes again, in bytes.
 constexpr struct Kind {
     const char* name;
@@ -62,17 +60,15 @@ bool ask(const char* prompt, Input& input) {
 bool is_valid(const char* secret, const Kind& kind) {
     const std::size_t length = strlen(secret);
     return length > 0 && length <= kind.max_length &&
-           (!kind.hexadecimal || strspn(secret, hexadecimal_digits) == kind.max_length);
+           (!kind.hexadecimal || strspn(secret, "0123456789abcdefABCDEF") == kind.max_length);
 }
 
 int encode(const Kind& kind) {
     Input input;
     Input again;
-    const bool valid = ask("Secret", input) && is_valid(input.chars, kind);
-    // Nobody sees what is typed.
-    const bool same = !valid || isatty(STDIN_FILENO) == 0 ||
-                      (ask("Again", again) && strcmp(input.chars, again.chars) == 0);
-    if (!valid || !same) {
+    const bool is_typed = isatty(STDIN_FILENO) != 0; // and nobody sees it
+    if (!ask("Secret", input) || !is_valid(input.chars, kind) ||
+        (is_typed && (!ask("Again", again) || strcmp(input.chars, again.chars) != 0))) {
         fprintf(stderr, "switch-config-secret: %s takes %s, the same twice at a terminal\n",
                 kind.name, kind.takes);
         return 1;
