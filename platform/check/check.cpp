@@ -204,7 +204,7 @@ std::string try_setter(const Operation& get, const Operation& set, const Argumen
         return "SKIP";
     }
     std::string found;
-    for (const std::size_t value : {0, 1}) {
+    for (const std::size_t value : {0U, 1U}) {
         Arguments wanted = before;
         for (Argument& argument : wanted) {
             for (std::size_t i = 0; i < argument.memory.size() && i < argument.counts.size(); ++i) {
