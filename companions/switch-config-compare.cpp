@@ -9,42 +9,48 @@
 
 namespace {
 
-bool is_about_switch;    // -s: B is a backup of it
-bool is_about_loss;      // -c: only what makes A incomplete
-const char* left_out[8]; // -x: sections
-std::size_t left_out_count;
+bool is_about_switch; // -s: B is a backup of it
+bool is_about_loss;   // -c: only what makes A incomplete
 
-// Restore never sets the clock, and it differs in every backup.
-bool is_left_out(const Entry& entry) {
-    for (std::size_t i = 0; entry.section != nullptr && i < left_out_count; ++i) {
-        if (strcasecmp(entry.section->name, left_out[i]) == 0) {
+// -x: sections. The clock differs in every backup, and restore never sets it.
+const char* left_out[10] = {"sntp setting:date", "sntp setting:time"};
+
+bool is_left_out(const char* name) {
+    for (const char* other : left_out) {
+        const std::size_t length = other != nullptr ? strlen(other) : 0;
+        const bool starts = length > 0 && strncasecmp(name, other, length) == 0;
+        if (starts && (name[length] == ':' || name[length] == '\0')) {
             return true;
         }
     }
-    return strcmp(entry.name, "sntp setting:date") == 0 ||
-           strcmp(entry.name, "sntp setting:time") == 0;
+    return false;
 }
 
-// The keys of one account, rule or port have the same number.
+bool has(const char* name) {
+    const Entry* entry = find(name);
+    return entry != nullptr && entry->a.exists;
+}
+
+// The keys of one account, rule or port have the same number. Where there is none it is 0,
+// also in the line of a section.
 int number_in(const Entry& entry) {
     return atoi(entry.key + strcspn(entry.key, "0123456789"));
 }
 
 bool is_beside(const Entry& beside, const Entry& entry) {
-    return beside.value != nullptr && beside.other != nullptr && entry.section == beside.section &&
-           number_in(entry) == number_in(beside);
+    return beside.is_in_both() && strcasecmp(beside.section, entry.section) == 0 &&
+           number_in(beside) == number_in(entry);
 }
 
-// Whether B's entry, which A lacks, is a section, the last key, or between two keys
+// Whether an entry that only B has is a section, the last key, or between two
 // that A has. Backup writes the last section in two forms.
 bool is_lost(const Entry& entry) {
-    if (entry.value != nullptr && (&entry)[1].name == nullptr) {
-        return !find(document_a, "dscp mapping:message") &&
-               !find(document_a, "dscp mapping:0x3f(63)");
+    const Entry& next = (&entry)[1];
+    if (!entry.is_section() && !next.b.exists) {
+        return !has("dscp mapping:message") && !has("dscp mapping:0x3f(63)");
     }
-    return entry.value == nullptr ||
-           (&entry != document_b.entries && is_beside((&entry)[-1], entry) &&
-            is_beside((&entry)[1], entry));
+    return entry.is_section() ||
+           (&entry != entries && is_beside((&entry)[-1], entry) && is_beside(next, entry));
 }
 
 // The keys of an account: without one of them it would be made with an empty one.
@@ -56,38 +62,34 @@ constexpr const char* account_keys[][3] = {
 
 // Shows an account of A that has some of them.
 bool show_torn(const char* const (&keys)[3], int number) {
-    const Entry* found = nullptr;
     int count = 0;
     for (const char* key : keys) {
-        const Entry* entry = find(document_a, EntryName(key, number));
-        count += entry != nullptr ? 1 : 0;
-        found = found != nullptr ? found : entry;
+        count += has(EntryName(key, number)) && !is_left_out(key) ? 1 : 0;
     }
-    return found != nullptr && count < 3 && !is_left_out(*found) &&
-           printf("line %d: [%s] has %d of the 3 keys of account %d\n", found->line_number,
-                  found->section->name, count, number) > 0;
+    return count % 3 != 0 &&
+           printf("[%.*s] has %d of the 3 keys of account %d\n",
+                  static_cast<int>(strcspn(keys[0], ":")), keys[0], count, number) > 0;
 }
 
 // A missing section is shown without its keys.
-bool is_shown(const Pair& pair) {
-    const Entry& entry = pair.a != nullptr ? *pair.a : *pair.b;
-    const bool is_asked_for = !is_about_loss || (pair.a == nullptr && is_lost(entry));
-    if (is_same(pair) || is_left_out(entry) || !is_asked_for) {
+bool is_shown(const Entry& entry) {
+    if (entry.is_same() || is_left_out(entry.name) ||
+        (is_about_loss && (entry.a.exists || !is_lost(entry)))) {
         return false;
     }
-    return entry.other != nullptr || entry.value == nullptr || entry.section == nullptr ||
-           entry.section->other != nullptr;
+    const Entry* section = find(entry.section);
+    return section == nullptr || section == &entry || entry.is_in_both() || section->is_in_both();
 }
 
 bool read_options(int argc, char** argv) {
+    std::size_t count = 2;
     for (int option = 0; (option = getopt(argc, argv, "csx:")) != -1;) {
         is_about_loss |= option == 'c';
         is_about_switch |= option == 's';
-        if (option == '?' || (option == 'x' && left_out_count == std::size(left_out))) {
+        if (option == 'x' && count < std::size(left_out)) {
+            left_out[count++] = optarg;
+        } else if (option == 'x' || option == '?') {
             return false;
-        }
-        if (option == 'x') {
-            left_out[left_out_count++] = optarg;
         }
     }
     return optind + 2 == argc;
@@ -100,15 +102,14 @@ int main(int argc, char** argv) {
         fprintf(stderr, "usage: switch-config-compare [-cs] [-x SECTION]... A B\n");
         return 2;
     }
-    if (!open_document(document_a, argv[optind]) || !open_document(document_b, argv[optind + 1])) {
+    if (!add_document(argv[optind + 1], &Entry::b) || !add_document(argv[optind], &Entry::a)) {
         fprintf(stderr, "switch-config-compare: fix the document that cannot be read\n");
         return 2;
     }
-    pair_entries();
     int result = 0;
-    for (int i = 0; i < pair_count; ++i) {
-        if (is_shown(pairs[i])) {
-            print_difference(pairs[i], is_about_switch);
+    for (int i = 0; i < entry_count; ++i) {
+        if (is_shown(entries[i])) {
+            print_difference(entries[i], is_about_switch);
             result = 1;
         }
     }

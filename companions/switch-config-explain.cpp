@@ -20,51 +20,46 @@ constexpr const char* meanings[] = {
 #include "codes.inc"
 };
 
-bool is_ours[2 * max_document_size]; // of each pair: whether the trials have the document's
-int faults[2 * max_document_size];   // or in which searches that caused the fault, 1 and 2
 time_t end_of_search;
 
-// The code that check reports, 0 if all passes, -1 if there is no memory.
-int check(const dictionary* ini) {
-    char code[16] = "";
-    FILE* report = fmemopen(code, sizeof code, "w");
+// In a file without a name, since it holds secrets.
+bool add_backup() {
+    FILE* file = tmpfile();
+    if (file == nullptr) {
+        return false;
+    }
+    write_sections(file);
+    return fflush(file) == 0 &&
+           add_document(EntryName("/proc/self/fd/%d", fileno(file)), &Entry::b);
+}
+
+// The code that check reports when the entries from first to last are the document's too,
+// 0 if all passes, -1 if there is no memory.
+int try_ours(int first, int last) {
+    char code[16] = "-1";
+    dictionary* ini = dictionary_new(static_cast<size_t>(entry_count));
+    for (int i = 0; i < entry_count; ++i) {
+        const Entry& entry = entries[i];
+        const Side& side = entry.is_ours || (i >= first && i < last) ? entry.a : entry.b;
+        if (side.exists) {
+            dictionary_set(ini, entry.name, side.value);
+        }
+    }
+    FILE* report = fmemopen(code, sizeof code, "w+"); // which empties it
     if (report != nullptr) {
         check_sections(ini, report);
         fclose(report);
     }
-    return report != nullptr ? atoi(code) : -1;
-}
-
-// In a file without a name, since it holds secrets.
-bool back_up() {
-    char path[32] = "";
-    FILE* file = tmpfile();
-    if (file != nullptr) {
-        write_sections(file);
-        snprintf(path, sizeof path, "/proc/self/fd/%d", fileno(file));
-    }
-    return file != nullptr && fflush(file) == 0 && open_document(document_b, path);
-}
-
-// Check's code when those from first to last are the document's too.
-int try_ours(int first, int last) {
-    dictionary* ini = dictionary_new(static_cast<size_t>(pair_count));
-    for (int i = 0; i < pair_count; ++i) {
-        const Pair& pair = pairs[i];
-        const Entry* entry = is_ours[i] || (i >= first && i < last) ? pair.a : pair.b;
-        if (entry != nullptr) {
-            dictionary_set(ini, entry->name, entry->value);
-        }
-    }
-    const int code = check(ini);
     dictionary_del(ini);
-    return code;
+    return atoi(code);
 }
 
-// Chooses ours where check then passes. One that alone causes the code is at fault.
-// False if none could be chosen.
+// Chooses ours where check then passes, from either end. One that alone causes the code
+// is at fault. False if none could be chosen.
 bool choose(int first, int last, int code, int turn) {
-    for (; first < last && is_ours[first]; ++first) {
+    for (; first < last && entries[first].is_ours; ++first) {
+    }
+    for (; first < last && entries[last - 1].is_ours; --last) {
     }
     if (first == last || time(nullptr) >= end_of_search) {
         return false;
@@ -72,41 +67,53 @@ bool choose(int first, int last, int code, int turn) {
     const int found = try_ours(first, last);
     if (found != 0 && last - first > 1) {
         const int middle = (first + last) / 2;
-        const bool chosen = choose(first, middle, code, turn);
-        return choose(middle, last, code, turn) || chosen;
+        const bool one =
+            turn == 1 ? choose(first, middle, code, turn) : choose(middle, last, code, turn);
+        const bool other =
+            turn == 1 ? choose(middle, last, code, turn) : choose(first, middle, code, turn);
+        return one || other;
     }
-    faults[first] |= found == code ? turn : 0;
+    entries[first].faults |= found == code ? turn : 0;
     for (int i = first; found == 0 && i < last; ++i) {
-        is_ours[i] = true;
+        entries[i].is_ours = true;
     }
     return found == 0;
 }
 
 void search(int code, int turn) {
-    for (int i = 0; i < pair_count; ++i) {
-        is_ours[i] = is_same(pairs[i]);
+    for (int i = 0; i < entry_count; ++i) {
+        entries[i].is_ours = entries[i].is_same();
     }
-    while (try_ours(0, 0) != code && choose(0, pair_count, code, turn)) {
+    while (try_ours(0, 0) != code && choose(0, entry_count, code, turn)) {
     } // what passes only beside another is chosen later
-    std::reverse(pairs, pairs + pair_count);
-    std::reverse(faults, faults + pair_count);
+}
+
+// The section, if the document lacks all of it.
+const Entry& whole(const Entry& entry) {
+    const Entry* section = find(entry.section);
+    return section != nullptr && !section->a.exists ? *section : entry;
 }
 
 // Searches from either end: what is a fault only from one depends on other lines.
+// A missing section is followed by those of the document that may be it, misspelt.
 void print_faults(int code) {
-    bool is_found = false;
+    const Entry* last = nullptr;
     bool is_sure = true;
+    end_of_search = time(nullptr) + 2;
     search(code, 1);
     search(code, 2);
-    for (int i = 0; time(nullptr) < end_of_search && i < pair_count; ++i) {
-        if (faults[i] != 0) {
+    for (int i = 0; time(nullptr) < end_of_search && i < entry_count; ++i) {
+        const Entry& entry = whole(entries[i]);
+        const bool may_be_last =
+            last != nullptr && last->is_section() && entry.is_section() && !entry.b.exists;
+        if ((entries[i].faults != 0 && &entry != last) || may_be_last) {
             printf("  ");
-            print_difference(pairs[i], true);
-            is_found = true;
-            is_sure = is_sure && faults[i] == 3;
+            print_difference(entry, true);
+            last = may_be_last ? last : &entry;
+            is_sure = is_sure && (may_be_last || entries[i].faults == 3);
         }
     }
-    if (!is_found) {
+    if (last == nullptr) {
         printf("  cannot tell which line it is: compare its section with a backup\n");
     } else if (!is_sure) {
         printf("  cannot tell which of them, or of the lines they depend on, is wrong\n");
@@ -123,30 +130,6 @@ void print_meaning(int code) {
     printf("%d\n  the device itself refuses the network settings, with a code of its own\n", code);
 }
 
-int explain(const char* path) {
-    const bool is_open = open_document(document_a, path);
-    init_umdev(0);
-    initdef();
-    port_init();
-    const int code = is_open ? check(document_a.values) : USR_RET_INI_RESTORE_FILE_NOT_EXISTED;
-    if (code == 0) {
-        printf("check finds no fault; switch-config-apply -n shows what restore would change\n");
-        return 0;
-    }
-    print_meaning(code);
-    fflush(stdout);
-    end_of_search = time(nullptr) + 2;
-    if (!is_open) {
-        printf("  fix what the message above names, or name another document\n");
-    } else if (!back_up()) {
-        printf("  cannot look for the line: make room in /tmp\n");
-    } else {
-        pair_entries();
-        print_faults(code);
-    }
-    return 1;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -154,5 +137,24 @@ int main(int argc, char** argv) {
         fprintf(stderr, "usage: switch-config-explain [DOCUMENT]\n");
         return 2;
     }
-    return explain(optind < argc ? argv[optind] : restore_path);
+    init_umdev(0);
+    initdef();
+    port_init();
+    const bool can_search = add_backup();
+    const bool is_open = add_document(optind < argc ? argv[optind] : restore_path, &Entry::a);
+    const int code = is_open ? try_ours(0, entry_count) : USR_RET_INI_RESTORE_FILE_NOT_EXISTED;
+    if (code == 0) {
+        printf("check finds no fault; switch-config-apply -n shows what restore would change\n");
+        return 0;
+    }
+    print_meaning(code);
+    fflush(stdout);
+    if (!is_open) {
+        printf("  fix what the message above names, or name another document\n");
+    } else if (!can_search) {
+        printf("  cannot look for the line: make room in /tmp\n");
+    } else {
+        print_faults(code);
+    }
+    return 1;
 }

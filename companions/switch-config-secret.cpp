@@ -3,7 +3,9 @@
 #include "codec/secret_codec.h"
 #include "frame/text.h"
 
+#include <csignal>
 #include <cstdio>
+#include <initializer_list>
 #include <termios.h>
 #include <unistd.h>
 
@@ -40,16 +42,21 @@ bool read_line(Input& input) {
     return false;
 }
 
-// Ctrl-C is read as a character that ends the line: a signal would leave the
-// terminal without echo.
+void give_up(int) {} // the read then fails
+
+// A signal ends the line, as it must not leave the terminal without echo.
 bool ask(const char* prompt, Input& input) {
     termios terminal;
     if (tcgetattr(STDIN_FILENO, &terminal) != 0) {
         return read_line(input);
     }
     termios silent = terminal;
-    silent.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
-    silent.c_cc[VEOL] = terminal.c_cc[VINTR];
+    silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    struct sigaction action = {};
+    action.sa_handler = give_up;
+    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP}) {
+        sigaction(number, &action, nullptr);
+    }
     fprintf(stderr, "%s: ", prompt);
     const bool answered = tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent) == 0 && read_line(input);
     tcsetattr(STDIN_FILENO, TCSAFLUSH, &terminal);
