@@ -1,19 +1,18 @@
 #include "platform/check/check.h"
 
 #include "frame/section_order.h"
-#include "platform/include/converters.h"
+#include "platform/include/ports.h"
 
 #include <algorithm>
 #include <cctype>
+#include <climits>
 #include <cstdarg>
-#include <cstdio>
 #include <cstdlib>
-#include <numeric>
+#include <set>
 
 int tried = 0;
 int failed = 0;
 volatile std::sig_atomic_t stopped = 0;
-std::vector<std::function<void()>> writes, fills;
 
 std::string formatted(const char* format, ...) {
     char chars[256];
@@ -32,343 +31,399 @@ std::string hex(const void* bytes, std::size_t size) {
     return digits;
 }
 
-static bool is_fault(const std::string& outcome) {
-    return outcome.compare(0, 8, "expected") == 0;
+static bool starts_with(const std::string& text, const char* start) {
+    return text.compare(0, std::strlen(start), start) == 0;
 }
 
-void report(const char* operation, const char* what, const std::string& outcome) {
+void report(const char* operation, const std::string& what, const std::string& outcome) {
+    const bool is_fault = starts_with(outcome, "expected");
     ++tried;
-    failed += is_fault(outcome) ? 1 : 0;
-    std::printf("%sok %d - %s: %s%s%s\n", is_fault(outcome) ? "not " : "", tried, operation, what,
-                outcome.empty()     ? ""
-                : is_fault(outcome) ? "\n# "
-                                    : " # ",
+    failed += is_fault ? 1 : 0;
+    std::printf("%sok %d - %s: %s%s%s\n", is_fault ? "not " : "", tried, operation, what.c_str(),
+                outcome.empty() ? ""
+                : is_fault      ? "\n# "
+                                : " # ",
                 outcome.c_str());
     std::fflush(stdout); // the library may crash
 }
 
-void expect(const char* operation, const char* what, const std::string& expected,
+void expect(const char* operation, const std::string& what, const std::string& expected,
             const std::string& seen) {
     report(operation, what, seen == expected ? "" : "expected " + expected + ", seen " + seen);
 }
 
-void expect(const char* operation, const char* what, long expected, long seen) {
-    expect(operation, what, std::to_string(expected), std::to_string(seen));
-}
-
-// Where the bytes of a number are in an unsigned long.
-static char* low_bytes(unsigned long& number, std::size_t width) {
-    auto* bytes = reinterpret_cast<char*>(&number);
-    return __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? bytes : bytes + sizeof number - width;
-}
-
-void* Argument::at(std::size_t width, bool is_given) {
-    if (counts.empty()) {
-        counts.assign(width, 'n');
-        values[0].assign(low_bytes(numbers[0], width), width);
-        values[1].assign(low_bytes(numbers[1], width), width);
+void* Argument::output(std::size_t width, char kind) {
+    if (kinds.empty()) {
+        kinds.assign(width, kind);
     }
-    if (memory.empty() && is_given) {
-        return values[0].data();
-    }
-    memory.resize(counts.size() + 64, fill);
+    memory.resize(kinds.size() + 64, fill);
     return memory.data();
 }
 
 unsigned long Argument::input() const {
-    unsigned long number = memory.empty() ? numbers[0] : 0;
+    unsigned long value = memory.empty() ? number : 0;
+    auto* bytes = reinterpret_cast<char*>(&value);
     if (!memory.empty()) {
-        memory.copy(low_bytes(number, counts.size()), counts.size());
+        const bool is_little = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
+        memory.copy(is_little ? bytes : bytes + sizeof value - kinds.size(), kinds.size());
     }
-    return number;
+    return value;
 }
 
-Argument text(std::size_t width, char separator) {
-    std::string first = "a.example.com", second = "0123456789abcdefghi.example.com";
-    first[1] = second[19] = separator;
-    first.resize(width - 1);
-    second.resize(width - 1);
-    return {std::string(width, 't'), first + '\0', second + '\0'};
+Argument index_up_to(unsigned long end, unsigned long first) {
+    Argument index(first);
+    index.end = end;
+    index.is_index = true;
+    return index;
 }
 
-Argument given(const std::string& text) {
-    return {"t", text, ""};
-}
-
-Argument turned_on() {
-    Argument flag(1, 1);
-    flag.is_switch = true;
-    return flag;
-}
-
-Argument bytes(std::size_t width, std::size_t counting, char first, char second) {
-    std::string counts(counting, 'n');
-    counts.resize(width);
-    return {counts, std::string(width, first), std::string(width, second)};
-}
-
-unsigned long ip(const char* text) {
-    unsigned long address = 0;
-    str_to_ip(&address, text);
-    return address;
-}
-
-Argument hosts() {
-    return {ip("192.0.2.10"), ip("192.0.2.129")};
+static std::vector<std::string> split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    for (std::size_t start = 0, end = 0; start < text.size(); start = end + 1) {
+        end = std::min(text.find(separator, start), text.size());
+        parts.push_back(text.substr(start, end - start));
+    }
+    return parts;
 }
 
 namespace {
 
-// An output that has none yet gets memory full of a byte.
-int run(const Operation& operation, Arguments& arguments, unsigned long index, char fill) {
-    for (Argument& argument : arguments) {
-        argument.fill = fill;
-        argument.numbers[0] = argument.is_index ? index : argument.numbers[0];
-    }
-    return operation.call(arguments.data());
-}
+using Arguments = std::vector<Argument>;
 
-// The first byte that counts and differs, or npos. A text counts up to its end.
-std::size_t first_difference(const Argument& one, const Argument& other) {
-    bool has_ended = false;
-    for (std::size_t i = 0; i < one.counts.size() && i < one.memory.size(); ++i) {
-        if (one.counts[i] != '\0' && !has_ended && one.memory[i] != other.memory[i]) {
-            return i;
-        }
-        has_ended = one.counts[i] == 't' && (has_ended || one.memory[i] == '\0');
+// Sets again what has been read.
+std::vector<std::function<void()>> kept;
+
+// What a getter returns into outputs full of a byte.
+int run(const Operation& get, Arguments& arguments, unsigned long index, char fill) {
+    for (Argument& argument : arguments) {
+        argument.number = argument.is_index ? index : argument.number;
+        argument.fill = fill;
     }
-    return std::string::npos;
+    return get.call(arguments.data());
 }
 
 // Judges an argument after two reads into different fills.
 std::string judge(const Argument& first, const Argument& second, int result) {
-    const std::size_t width = result == 0 ? first.counts.size() : 0;
-    for (std::size_t i = width; i < first.memory.size(); ++i) {
-        if (first.memory[i] != first.fill || second.memory[i] != second.fill) {
-            return formatted("expected %zu bytes with result %d, seen byte %zu", width, result, i);
+    const std::size_t width = result == 0 ? first.kinds.size() : 0;
+    for (std::size_t i = 0; i < first.memory.size(); ++i) {
+        const bool is_same = first.memory[i] == second.memory[i];
+        const bool is_left = first.memory[i] == first.fill && second.memory[i] == second.fill;
+        if (i >= width ? !is_left : !is_same && !(is_left && first.kinds[i] == 'r')) {
+            return formatted("expected %zu bytes with result %d, seen byte %zu %s", width, result,
+                             i, is_left ? "not written" : "changed");
         }
-    }
-    const std::size_t i = first_difference(first, second);
-    return i >= width ? ""
-                      : formatted("expected %zu bytes or a text, seen byte %zu %s", width, i,
-                                  first.memory[i] == first.fill ? "not written" : "changed");
-}
-
-// A read beyond the range may well succeed, but is not judged then.
-std::string try_getter(const Operation& get, const Arguments& arguments, unsigned long index,
-                       bool is_beyond) {
-    Arguments first = arguments, second = arguments;
-    const int result = run(get, first, index, '\xa5');
-    run(get, second, index, '\x5a');
-    std::string found = result == 0 && !is_beyond ? "" : "SKIP";
-    for (std::size_t i = 0; i < first.size() && !(is_beyond && result == 0); ++i) {
-        const std::string fault = judge(first[i], second[i], result);
-        found = fault.empty() ? found : fault + formatted(" (argument %zu, index %lu)", i, index);
-    }
-    return found;
-}
-
-// Reads what is expected at an index.
-std::string read_back(const Operation& get, const Arguments& expected, Arguments seen,
-                      unsigned long index, const char* what) {
-    run(get, seen, index, '\0');
-    const bool is_off = expected[0].is_switch && expected[0].input() == 0;
-    for (std::size_t i = 0; i < (is_off ? 1 : expected.size()); ++i) {
-        const std::size_t byte = first_difference(expected[i], seen[i]);
-        if (byte != std::string::npos) {
-            return formatted("expected %s, seen another byte %zu (argument %zu, index %lu)", what,
-                             byte, i, index);
+        if (i < width && first.kinds[i] == 't' && first.memory[i] == '\0') {
+            i = width - 1; // the rest of its field does not count
         }
     }
     return "";
 }
 
-// Sets what is wanted and reads it back, and what another index has.
-std::string write(const Operation& get, const Operation& set, const Arguments& wanted,
-                  const Arguments& arguments, unsigned long index, unsigned long other) {
-    Arguments given = wanted, before = arguments;
-    run(get, before, other, '\0');
-    const int result = run(set, given, index, '\0');
-    const std::string what = formatted("what is set, with result %d", result);
-    const std::string found = read_back(get, wanted, arguments, index, what.c_str());
-    return other == index || !found.empty()
-               ? found
-               : read_back(get, before, arguments, other, "what it was at another index");
-}
-
-// Sets both values, and then the old one.
-std::string try_setter(const Operation& get, const Operation& set, const Arguments& arguments,
-                       unsigned long index, unsigned long other) {
-    Arguments before = arguments;
-    if (run(get, before, index, '\0') != 0) {
-        return "SKIP";
-    }
-    std::string found;
-    for (const std::size_t value : {0U, 1U}) {
-        Arguments wanted = before;
-        for (Argument& argument : wanted) {
-            for (std::size_t i = 0; i < argument.memory.size() && i < argument.counts.size(); ++i) {
-                if (argument.counts[i] != '\0') {
-                    argument.memory[i] = argument.values.at(value)[i];
-                }
+// Reads at each index, and beyond them, where a read may well succeed.
+std::string try_getter(const Operation& get, const Operation& set, Arguments arguments) {
+    arguments.resize(arguments.size() + 10); // as many as any has
+    const auto found = std::find_if(arguments.begin(), arguments.end(),
+                                    [](const Argument& argument) { return argument.is_index; });
+    const Argument range = found != arguments.end() ? *found : index_up_to(1);
+    std::string outcome = range.number == range.end  ? "SKIP the device has none"
+                          : found != arguments.end() ? "SKIP no read succeeds"
+                                                     : "expected a read that succeeds, seen none";
+    for (unsigned long index = range.number; index <= range.end; ++index) {
+        Arguments one = arguments, other = arguments, last = arguments;
+        const int result = run(get, one, index, '\xa5');
+        run(get, other, index, '\x5a');
+        if (result == 0 && index == range.end) {
+            break;
+        }
+        for (std::size_t i = 0; i < arguments.size(); ++i) {
+            const std::string fault = judge(one[i], other[i], result);
+            if (!fault.empty()) {
+                return fault + formatted(" (argument %zu, index %lu)", i, index);
             }
         }
-        found = found.empty() ? write(get, set, wanted, arguments, index, other) : found;
+        if (result == 0) {
+            outcome = "";
+        }
+        if (result == 0 && set.call != nullptr) {
+            run(get, last, index, '\0');
+            kept.push_back([set, last]() mutable { set.call(last.data()); });
+        }
     }
-    const std::string put_back = write(get, set, before, arguments, index, other);
-    return put_back.empty() ? found : put_back + ", the old value";
-}
-
-// The indexes that exist, or 0 alone.
-Argument range_of(const Arguments& arguments) {
-    const auto index = std::find_if(arguments.begin(), arguments.end(),
-                                    [](const Argument& argument) { return argument.is_index; });
-    return index == arguments.end() ? Argument(0, 1) : *index;
+    return outcome;
 }
 
 } // namespace
 
-void check_getter(const Operation& get, const Arguments& arguments) {
-    const Argument range = range_of(arguments);
-    const auto [first, end] = range.numbers;
-    std::string outcome = first == end ? "SKIP the device has none" : "SKIP no read succeeds";
-    for (unsigned long index = first; index <= end && !is_fault(outcome); ++index) {
-        const std::string found = try_getter(get, arguments, index, index == end);
-        outcome = found == "SKIP" ? outcome : found;
+void check_getter(const char* name, const Operation& get, const Arguments& arguments,
+                  const Operation& set) {
+    report(name, "fills its outputs and nothing else, twice the same",
+           try_getter(get, set, arguments));
+}
+
+void check_getters(const std::string& names, const std::vector<Operation>& getters) {
+    const std::vector<std::string> each = split(names, ',');
+    for (std::size_t i = 0; i < getters.size(); ++i) {
+        check_getter(each[i].c_str() + (i > 0 ? 1 : 0), getters[i]); // after the space
     }
-    report(get.name, "fills its outputs and nothing else, twice the same",
-           range.is_index || outcome.empty() || is_fault(outcome)
-               ? outcome
-               : "expected a read that succeeds, seen none");
 }
 
-void check_setting(const Operation& get, const Operation& set, const Arguments& arguments) {
-    check_getter(get, arguments);
-    writes.push_back([get, set, arguments] {
-        const auto [first, end] = range_of(arguments).numbers;
-        std::string outcome = "SKIP no old value can be read";
-        for (unsigned long i = first; i < end && !is_fault(outcome) && stopped == 0; ++i) {
-            const std::string found =
-                try_setter(get, set, arguments, i, i + 1 < end ? i + 1 : first);
-            outcome = found == "SKIP" ? outcome : found;
-        }
-        report(set.name, "what is set is read back, and then the old value", outcome);
-    });
-}
-
-// In a file without a name, since a document holds secrets.
-FILE* written_document() {
-    FILE* file = std::tmpfile();
+Document written_document() {
+    Document document;
+    FILE* file = std::tmpfile(); // without a name, since a document holds secrets
     if (file == nullptr) {
         std::perror("switch-device-check: cannot create a temporary file");
         std::exit(2);
     }
     write_sections(file);
     std::rewind(file);
-    return file;
-}
-
-Lines document_lines() {
-    FILE* document = written_document();
-    Lines lines;
-    std::string section;
-    char line[2048];
-    while (std::fgets(line, sizeof line, document) != nullptr) {
-        line[std::strcspn(line, "\n")] = '\0';
-        section = line[0] == '[' ? line : section;
-        const auto is = [&line](const char* key) {
-            return std::strncmp(line, key, std::strlen(key)) == 0;
-        };
-        if (!is("Date ") && !is("Time ") && !is("Source Port") && !is("Destination Port")) {
-            lines.push_back(section + " " + line);
+    dictionary* ini = load_document(formatted("/proc/self/fd/%d", fileno(file)).c_str());
+    std::fclose(file);
+    if (ini == nullptr) {
+        return document;
+    }
+    for (ssize_t i = 0; i < ini->size; ++i) {
+        if (ini->key[i] != nullptr && ini->val[i] != nullptr) {
+            document[ini->key[i]] = ini->val[i];
         }
     }
-    std::fclose(document);
-    return lines;
-}
-
-// Names a key that differs, and never its value.
-std::string difference(const Lines& expected, const Lines& seen) {
-    const auto [one, other] =
-        std::mismatch(expected.begin(), expected.end(), seen.begin(), seen.end());
-    if (one == expected.end() && other == seen.end()) {
-        return "";
-    }
-    const std::string& line = one == expected.end() ? *other : *one;
-    return formatted("expected %zu lines in a backup, seen %zu and another %s", expected.size(),
-                     seen.size(), line.substr(0, line.find('=')).c_str());
+    iniparser_freedict(ini);
+    add_static_vlans(document);
+    return document;
 }
 
 namespace {
 
-// A row may have any place in its table, and so any number in its keys.
-std::string table_difference(Lines expected) {
-    Lines seen = document_lines();
-    for (Lines* lines : {&expected, &seen}) {
-        for (std::string& line : *lines) {
-            const auto end = std::find(line.begin(), line.end(), '=');
-            line.erase(std::remove_if(line.begin(), end, isdigit), end);
-        }
-        std::sort(lines->begin(), lines->end());
+dictionary* loaded(const Document& document) {
+    dictionary* ini = dictionary_new(0);
+    for (const auto& [key, value] : document) {
+        dictionary_set(ini, key.c_str(), value.c_str());
     }
-    return difference(expected, seen);
+    return ini;
 }
 
-void add_row(const Rows& rows, unsigned number, Lines& lines) {
-    for (std::string line : rows.lines) {
-        const std::size_t mark = line.find('#');
-        line = mark == line.npos ? line : line.replace(mark, 1, std::to_string(number));
-        lines.push_back(rows.section + line);
+// The code that check reports, or 0.
+int code_of(const Document& document) {
+    FILE* error_file = std::tmpfile();
+    dictionary* ini = loaded(document);
+    int code = document.empty() ? 211 : 0;
+    if (code == 0 && error_file != nullptr && check_sections(ini, error_file) != 0) {
+        std::rewind(error_file);
+        code = fscanf(error_file, "%d", &code) == 1 ? code : -1;
     }
-}
-
-// Adds rows and their lines until the table takes no more, and returns their numbers.
-std::vector<unsigned> fill(const Change& insert, const Rows& rows, Lines& expected) {
-    std::vector<unsigned> added;
-    std::string outcome = rows.numbers.empty() ? "SKIP the table is full" : "";
-    for (const unsigned number : rows.numbers) {
-        if (is_fault(outcome) || stopped != 0) {
-            break;
-        }
-        insert.make(number);
-        if (!added.empty() && table_difference(expected).empty()) {
-            break; // it takes no more
-        }
-        added.push_back(number);
-        add_row(rows, number, expected);
-        outcome = table_difference(expected);
-    }
-    report(insert.name, "every row up to the last is listed", outcome);
-    return added;
+    iniparser_freedict(ini);
+    return code;
 }
 
 } // namespace
 
-std::vector<unsigned> numbers_of(int count, unsigned first) {
-    std::vector<unsigned> numbers(static_cast<std::size_t>(std::max(count, 0)));
-    std::iota(numbers.begin(), numbers.end(), first);
-    return numbers;
-}
-
-void check_table(const Change& insert, const Change& remove, const Rows& rows) {
-    writes.push_back([insert, remove, rows] {
-        const Lines before = document_lines();
-        Lines expected = before;
-        const std::vector<unsigned> added = fill(insert, rows, expected);
-        expected = before;
-        for (std::size_t i = 0; i < added.size(); ++i) {
-            i == added.size() / 2 ? remove.make(added[i]) : add_row(rows, added[i], expected);
+void restore(const Document& wanted, const Document& before) {
+    Document document = wanted;
+    for (const auto& [key, value] : before) {
+        const bool is_row = starts_with(key, "snmp settings:snmp v3") ||
+                            (starts_with(key, "password:") && isdigit(key.back()) != 0);
+        if (is_row && wanted.at(key) == value) {
+            document.erase(key);
         }
-        report(remove.name, "the table closes up when a row in the middle is deleted",
-               added.size() > 1 ? table_difference(expected) : "SKIP there are no rows of its own");
-        std::for_each(added.begin(), added.end(), remove.make);
-        report(remove.name, "the old rows are put back", table_difference(before));
-    });
+    }
+    dictionary* ini = loaded(document);
+    restore_sections(ini, 0);
+    iniparser_freedict(ini);
 }
 
-void check_lasting_table(const Change& insert, const Rows& rows) {
-    fills.push_back([insert, rows] {
-        Lines expected = document_lines();
-        fill(insert, rows, expected);
+namespace {
+
+// What a restore brings back: not the clock, the ports of a rule, and those of mirroring
+// that is off. The device chooses the slots of accounts and rules, whose numbers are in
+// the keys: the name of the account or the index of the rule takes their place.
+Document restored_part(const Document& document) {
+    Document part = document;
+    if (part["port mirror setting:enable state"] == "0") {
+        part.erase("port mirror setting:source port");
+        part.erase("port mirror setting:destination port");
+    }
+    part.erase("sntp setting:date");
+    part.erase("sntp setting:time");
+    for (const auto& [key, value] : document) {
+        const std::size_t slot = key.find_first_of("0123456789");
+        const std::size_t end = std::min(key.find_first_not_of("0123456789", slot), key.size());
+        const bool is_rule = starts_with(key, "acl setting:");
+        if (slot != key.npos && (is_rule || starts_with(key, "password:"))) {
+            const std::string name = is_rule ? key.substr(0, end) + " index_id"
+                                             : "password:user name" + key.substr(slot);
+            part.erase(key);
+            if (key.find("source_interface") == key.npos) {
+                part[key.substr(0, slot) + document.at(name) + key.substr(end)] = value;
+            }
+        }
+    }
+    return part;
+}
+
+// What is wrong with each key that differs.
+Document differences(const Document& expected, const Document& seen) {
+    Document one = restored_part(expected), other = restored_part(seen), found;
+    Document keys = one;
+    keys.insert(other.begin(), other.end());
+    for (const auto& [key, value] : keys) {
+        const std::string wanted = one.count(key) > 0 ? key : "none";
+        const std::string left = other.count(key) == 0 ? "none"
+                                 : wanted == key       ? "another value"
+                                                       : key;
+        if (one[key] != other[key] || wanted == "none" || left == "none") {
+            found[key] = "expected " + wanted + ", seen " + left;
+        }
+    }
+    return found;
+}
+
+// A key that is set, or, without values, what keys begin with.
+struct Row {
+    Setting setting;
+    int index; // among those that count, from 0
+    std::vector<std::string> values;
+};
+std::map<std::string, Row> rows; // by their keys
+
+std::string numbered(std::string text, int number) {
+    const std::size_t mark = text.find('#');
+    return mark == text.npos ? text : text.replace(mark, 1, std::to_string(number));
+}
+
+// The document of a turn, or what it is after the deletion of a row of each table.
+Document changed(Document document, int turn, int deleted = INT_MAX) {
+    for (const auto& [key, row] : rows) {
+        const bool is_table = row.setting.removal != nullptr;
+        const bool alternates = row.setting.count > 0 && row.values.size() == 2 && !is_table;
+        const int index = row.index + (is_table && row.index >= deleted ? 1 : 0);
+        const auto which = static_cast<unsigned>(alternates ? (index >> turn / 2) ^ turn : turn);
+        if (!row.values.empty()) {
+            const std::string& value = row.values[which % row.values.size()];
+            document[key] = numbered(value, row.setting.first + index);
+            if (is_absent(value.c_str()) || (is_table && index == row.setting.count)) {
+                document.erase(key);
+            }
+        }
+    }
+    return document;
+}
+
+const Row& owner_of(const std::string& key) {
+    static const Row none{{"restore", ""}, 0, {}};
+    const auto own = rows.find(key);
+    const auto prefix = std::find_if(rows.begin(), rows.end(), [&key](const auto& row) {
+        return row.second.values.empty() && starts_with(key, row.first.c_str());
     });
+    return own != rows.end() ? own->second : prefix != rows.end() ? prefix->second : none;
+}
+
+std::set<std::string> faulty; // operations
+
+bool may_go_on() {
+    return faulty.empty() && stopped == 0;
+}
+
+// Reports the first key of each operation. A table may take fewer rows than it is given.
+void compare(const Document& expected, const char* what) {
+    const Document seen = written_document();
+    std::set<std::string> reported;
+    for (const auto& [key, fault] : differences(expected, seen)) {
+        const auto& [setting, index, values] = owner_of(key);
+        const bool is_left = setting.removal != nullptr && expected.count(key) == 0;
+        const bool is_refused = setting.removal != nullptr && index > 0 && seen.count(key) == 0;
+        const char* operation = is_left ? setting.removal : setting.operation;
+        if (!is_refused && reported.insert(operation).second) {
+            report(operation, what, fault);
+            faulty.insert(operation);
+        }
+    }
+}
+
+// The operations in which compare has found no fault.
+void report_others(const char* what) {
+    for (const auto& [key, row] : rows) {
+        for (const char* operation : {row.setting.operation, row.setting.removal}) {
+            if (operation != nullptr && faulty.insert(operation).second) {
+                report(operation, what, "");
+            }
+        }
+    }
+}
+
+} // namespace
+
+std::string difference(const Document& expected, const Document& seen) {
+    const Document found = differences(expected, seen);
+    return found.empty() ? "" : found.begin()->second;
+}
+
+void add_settings(const std::string& section, const std::vector<Setting>& settings) {
+    for (const Setting& setting : settings) {
+        for (const std::string& part : split(setting.keys, ';')) {
+            const std::size_t end = std::min(part.find('='), part.size());
+            const std::string key = section + ":" + part.substr(0, end);
+            const auto values = split(part.substr(std::min(end + 1, part.size())), '|');
+            for (int index = 0; index < std::max(setting.count, 1); ++index) {
+                rows[numbered(key, setting.first + index)] = {setting, index, values};
+            }
+        }
+    }
+}
+
+void check_verdict(const char* operation, bool is_good, const std::string& section,
+                   const std::string& keys) {
+    const Document before = written_document();
+    Document document = before;
+    for (const std::string& part : split(keys, ';')) {
+        document[section + ":" + part.substr(0, part.find('='))] = part.substr(part.find('=') + 1);
+    }
+    const int own = code_of(before);
+    const int code = code_of(document);
+    report(operation, (is_good ? "accepts " : "refuses ") + keys,
+           (code == own) == is_good ? ""
+           : own != 0               ? "SKIP check refuses the device's own document"
+           : is_good                ? formatted("expected no code, seen %d", code)
+                                    : "expected a code, seen none");
+}
+
+void check_backup() {
+    const int code = code_of(written_document());
+    report("backup", "check accepts the document",
+           code == 0 || (code == 294 && g_ucMaxPhyPort < 8)
+               ? ""
+               : formatted("expected no code, seen %d: see docs/porting.md", code));
+}
+
+void check_settings() {
+    constexpr int turns = 6, deleted = 2;
+    const Document before = written_document();
+    for (int turn = 0; turn < turns && may_go_on(); ++turn) {
+        restore(changed(before, turn), before);
+        compare(changed(before, turn), "what is set is read back");
+    }
+    for (const auto& [key, row] : rows) {
+        if (row.index == deleted && row.setting.remove != nullptr && may_go_on()) {
+            row.setting.remove(row.setting.first + deleted);
+        }
+    }
+    if (may_go_on()) {
+        compare(changed(before, turns - 1, deleted), "the table closes up");
+        check_accounts();
+    }
+    restore(before, before);
+    for (const auto& set : kept) {
+        set();
+    }
+    compare(before, "the old value is put back");
+    report_others("what is set is read back, and then the old value");
+}
+
+void check_lasting_settings() {
+    const Document before = written_document();
+    rows.clear();
+    faulty.clear();
+    add_users(before);
+    add_rules(before);
+    restore(changed(before, 1), before);
+    compare(changed(before, 1), "each row is listed");
+    report_others("each row is listed");
 }

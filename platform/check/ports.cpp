@@ -41,18 +41,6 @@ void check_masks() {
     expect("U_PPortMaskOr", "unites both words", "80000301 80000010", words(result));
 }
 
-std::string name_of(int id) {
-    char name[80] = "";
-    U_TrkLId2LogicId(name, static_cast<uint8_t>(id));
-    return name;
-}
-
-// In the order of restore.
-int set_speed(int entry, int speed) {
-    set_fiber_speed(entry + 5, speed);
-    return set_eeprom_fiber_speed(entry, speed);
-}
-
 // With port type 1, backup asks the EEPROM about each fibre port, and check wants the keys
 // of Port7 and Port8.
 void check_fibre_ports() {
@@ -61,21 +49,16 @@ void check_fibre_ports() {
         expect("U_PortGetMode", "is 3 for ports 7 and 8 and no others, on port type 1",
                port == 6 || port == 7 ? "3" : "another", is_fibre ? "3" : "another");
     }
+    char names[2][80] = {};
+    U_TrkLId2LogicId(names[0], 6);
+    U_TrkLId2LogicId(names[1], 7);
     expect("U_TrkLId2LogicId", "ports 7 and 8 are named Port7 and Port8, on port type 1",
-           "Port7 Port8", name_of(6) + " " + name_of(7));
+           "Port7 Port8", formatted("%.80s %.80s", names[0], names[1]));
     check_validator(NAMED(Usrmacsec_check_fiber_speed),
                     {get_eeprom_fiber_speed(1) & 0xffff, get_eeprom_fiber_speed(2) & 0xffff},
                     {-2, 1000000});
-    check_setting({"get_eeprom_fiber_speed",
-                   [](int entry, int* speed) { *speed = get_eeprom_fiber_speed(entry); }},
-                  {"set_eeprom_fiber_speed", set_speed},
-                  {index_up_to(3, 1), accepted(Usrmacsec_check_fiber_speed)});
-}
-
-unsigned short set_enabled(uint8_t port, char enabled) {
-    const unsigned short result = U_PortSetEbl(port, enabled);
-    U_PortSetSWreset();
-    return result;
+    const std::string speeds = "port# speed=" + accepted(Usrmacsec_check_fiber_speed);
+    add_settings("port settings", {{"set_eeprom_fiber_speed", speeds, 2, 7}});
 }
 
 } // namespace
@@ -87,13 +70,14 @@ void check_ports() {
            ids >= ports ? "" : formatted("expected that, seen %u and %u", ids, ports));
     check_masks();
     GETTER(U_TrkLId2LogicId, text(16), index_up_to(ids));
-    GETTER(U_TrkLId2PMask, bytes(8, 8), index_up_to(ids, ports));
-    check_setting({NAMED(U_FlshPortGetEbl)}, {"U_PortSetEbl", set_enabled},
-                  {index_up_to(ports), {0, 1}});
+    GETTER(U_TrkLId2PMask, bytes(8), index_up_to(ids, ports));
+    GETTER(U_FlshPortGetEbl, index_up_to(ports));
     check_validator(NAMED(Usrflsh_check_port_enable_status), {0, 1}, {100, -100});
     const int type = get_eeprom_macsec_port_type();
-    expect("get_eeprom_macsec_port_type", "is a byte", type & 0xff, type);
+    expect("get_eeprom_macsec_port_type", "is a byte", std::to_string(type & 0xff),
+           std::to_string(type));
     if (type == 1) {
         check_fibre_ports();
     }
+    add_settings("port settings", {{"U_PortSetEbl", "port#=0|1", g_ucMaxPhyPort}});
 }
