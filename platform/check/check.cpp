@@ -278,37 +278,42 @@ Document differences(const Document& expected, const Document& seen) {
 
 // A key that is set, or, without values, what keys begin with.
 struct Row {
-    Setting setting;
+    const char* operation;
+    const char* remove; // of a table, else null
+    int number;
     int index; // among those that count, from 0
+    bool alternates;
     std::vector<std::string> values;
 };
 std::map<std::string, Row> rows; // by their keys
+
+constexpr int table_rows = 15;
 
 std::string numbered(std::string text, int number) {
     const std::size_t mark = text.find('#');
     return mark == text.npos ? text : text.replace(mark, 1, std::to_string(number));
 }
 
-// The document of a turn, or what it is after the deletion of a row of each table.
-Document changed(Document document, int turn, int deleted = INT_MAX) {
+// The document of a turn. In every third turn the tables lack a row in the middle.
+Document changed(Document document, int turn) {
     for (const auto& [key, row] : rows) {
-        const bool is_table = row.setting.removal != nullptr;
-        const bool alternates = row.setting.count > 0 && row.values.size() == 2 && !is_table;
-        const int index = row.index + (is_table && row.index >= deleted ? 1 : 0);
-        const auto which = static_cast<unsigned>(alternates ? (index >> turn / 2) ^ turn : turn);
-        if (!row.values.empty()) {
-            const std::string& value = row.values[which % row.values.size()];
-            document[key] = numbered(value, row.setting.first + index);
-            if (is_absent(value.c_str()) || (is_table && index == row.setting.count)) {
-                document.erase(key);
-            }
+        if (row.values.empty()) {
+            continue;
+        }
+        const int moved = row.remove != nullptr && turn % 3 == 2 && row.index >= 7 ? 1 : 0;
+        const auto which =
+            static_cast<unsigned>(row.alternates ? row.index >> turn / 2 ^ turn : turn);
+        const std::string& value = row.values[which % row.values.size()];
+        document[key] = numbered(value, row.number + moved);
+        if (is_absent(value.c_str()) || row.index + moved == table_rows) {
+            document.erase(key);
         }
     }
     return document;
 }
 
 const Row& owner_of(const std::string& key) {
-    static const Row none{{"restore", ""}, 0, {}};
+    static const Row none{"restore", nullptr, 0, 0, false, {}};
     const auto own = rows.find(key);
     const auto prefix = std::find_if(rows.begin(), rows.end(), [&key](const auto& row) {
         return row.second.values.empty() && starts_with(key, row.first.c_str());
@@ -327,10 +332,10 @@ void compare(const Document& expected, const char* what) {
     const Document seen = written_document();
     std::set<std::string> reported;
     for (const auto& [key, fault] : differences(expected, seen)) {
-        const auto& [setting, index, values] = owner_of(key);
-        const bool is_left = setting.removal != nullptr && expected.count(key) == 0;
-        const bool is_refused = setting.removal != nullptr && index > 0 && seen.count(key) == 0;
-        const char* operation = is_left ? setting.removal : setting.operation;
+        const Row& row = owner_of(key);
+        const bool is_left = row.remove != nullptr && expected.count(key) == 0;
+        const bool is_refused = row.remove != nullptr && row.index > 0 && seen.count(key) == 0;
+        const char* operation = is_left ? row.remove : row.operation;
         if (!is_refused && reported.insert(operation).second) {
             report(operation, what, fault);
             faulty.insert(operation);
@@ -341,7 +346,7 @@ void compare(const Document& expected, const char* what) {
 // The operations in which compare has found no fault.
 void report_others(const char* what) {
     for (const auto& [key, row] : rows) {
-        for (const char* operation : {row.setting.operation, row.setting.removal}) {
+        for (const char* operation : {row.operation, row.remove}) {
             if (operation != nullptr && faulty.insert(operation).second) {
                 report(operation, what, "");
             }
@@ -356,17 +361,25 @@ std::string difference(const Document& expected, const Document& seen) {
     return found.empty() ? "" : found.begin()->second;
 }
 
-void add_settings(const std::string& section, const std::vector<Setting>& settings) {
-    for (const Setting& setting : settings) {
-        for (const std::string& part : split(setting.keys, ';')) {
-            const std::size_t end = std::min(part.find('='), part.size());
-            const std::string key = section + ":" + part.substr(0, end);
-            const auto values = split(part.substr(std::min(end + 1, part.size())), '|');
-            for (int index = 0; index < std::max(setting.count, 1); ++index) {
-                rows[numbered(key, setting.first + index)] = {setting, index, values};
-            }
+static void add_rows(const Row& row, const std::string& keys, int count) {
+    const std::string section = keys.substr(0, keys.find(':') + 1);
+    for (const std::string& part : split(keys.substr(section.size()), ';')) {
+        const std::size_t end = std::min(part.find('='), part.size());
+        Row added = row;
+        added.values = split(part.substr(std::min(end + 1, part.size())), '|');
+        added.alternates = count > 0 && added.values.size() == 2 && row.remove == nullptr;
+        for (; added.index < std::max(count, 1); ++added.index, ++added.number) {
+            rows[numbered(section + part.substr(0, end), added.number)] = added;
         }
     }
+}
+
+void setting(const char* operation, const std::string& keys, int count, int first) {
+    add_rows({operation, nullptr, first, 0, false, {}}, keys, count);
+}
+
+void table(const char* insert, const char* remove, const std::string& keys) {
+    add_rows({insert, remove, 1, 0, false, {}}, keys, table_rows);
 }
 
 void check_verdict(const char* operation, bool is_good, const std::string& section,
@@ -394,19 +407,12 @@ void check_backup() {
 }
 
 void check_settings() {
-    constexpr int turns = 6, deleted = 2;
     const Document before = written_document();
-    for (int turn = 0; turn < turns && may_go_on(); ++turn) {
+    for (int turn = 0; turn < 6 && may_go_on(); ++turn) {
         restore(changed(before, turn), before);
         compare(changed(before, turn), "what is set is read back");
     }
-    for (const auto& [key, row] : rows) {
-        if (row.index == deleted && row.setting.remove != nullptr && may_go_on()) {
-            row.setting.remove(row.setting.first + deleted);
-        }
-    }
     if (may_go_on()) {
-        compare(changed(before, turns - 1, deleted), "the table closes up");
         check_accounts();
     }
     restore(before, before);

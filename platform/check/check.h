@@ -98,23 +98,19 @@ void check_getters(const std::string& names, const std::vector<Operation>& gette
 #define GETTERS(...) check_getters(#__VA_ARGS__, {__VA_ARGS__})
 #define KEPT(get, set, ...) check_getter(NAMED(get), {__VA_ARGS__}, set)
 
-// What restore is tried with, in lower case: "key=first|second|third;another key=...". All keys get
-// their first value, then the second, and so on in turn; -1 stands for a document without the key.
-// Of keys that count, # is the number in key and value; if they have two values, some numbers get
-// one and some the other at a time, so that a port that also sets another is noticed. Keys without
-// values are not set, but a change of what begins with them is a fault of the operation.
-struct Setting {
-    const char* operation;
-    std::string keys;
-    int count = 0;
-    int first = 1; // number
-    // Of a table, which is empty with the first value: what deletes a row by its number.
-    const char* removal = nullptr;
-    void (*remove)(int) = nullptr;
-};
+// What restore is tried with, "section:key=first|second|third;another key=..." in lower
+// case. All keys get their first value, then the second, and so on; -1 stands for a document
+// without the key. Of keys that count, # is the number in key and value; if they have two
+// values, some numbers get one and some the other at a time, so that a port that also sets
+// another is noticed. Keys without values are not set, but a change of what begins with them
+// is a fault of the operation.
+void setting(const char* operation, const std::string& keys, int count = 0, int first = 1);
+
+// Keys of the 15 rows of a table that restore empties and fills.
+void table(const char* insert, const char* remove, const std::string& keys);
+
 inline const std::string texts_of_29 = "a.example.com|0123456789abcdefghi.a.example";
 inline const std::string texts_of_31 = "a.example.com|0123456789abcdefghi.example.com";
-void add_settings(const std::string& section, const std::vector<Setting>& settings);
 
 using Document = std::map<std::string, std::string>; // "section:key" in lower case
 

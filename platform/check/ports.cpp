@@ -57,8 +57,8 @@ void check_fibre_ports() {
     check_validator(NAMED(Usrmacsec_check_fiber_speed),
                     {get_eeprom_fiber_speed(1) & 0xffff, get_eeprom_fiber_speed(2) & 0xffff},
                     {-2, 1000000});
-    const std::string speeds = "port# speed=" + accepted(Usrmacsec_check_fiber_speed);
-    add_settings("port settings", {{"set_eeprom_fiber_speed", speeds, 2, 7}});
+    setting("set_eeprom_fiber_speed",
+            "port settings:port# speed=" + accepted(Usrmacsec_check_fiber_speed), 2, 7);
 }
 
 } // namespace
@@ -79,5 +79,5 @@ void check_ports() {
     if (type == 1) {
         check_fibre_ports();
     }
-    add_settings("port settings", {{"U_PortSetEbl", "port#=0|1", g_ucMaxPhyPort}});
+    setting("U_PortSetEbl", "port settings:port#=0|1", g_ucMaxPhyPort);
 }

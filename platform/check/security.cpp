@@ -101,37 +101,34 @@ void check_security() {
     GETTER(U_MacsecGetPortConf, index_up_to(8, 6));
     KEPT(U_LoginAuthSrvGetEbl, U_LoginAuthSrvSetEbl, {}, {}, 1);
     KEPT(U_GetLoginAuthSrv, U_SetLoginAuthSrv, {}, {}, text(30), {}, {}, 1);
-    add_settings("password", {{"usrflsh_setPSWD_minLen", "minimum_length=6|8"},
-                              {"usrflsh_setPSWD_maxLen", "maximum_length=20|31"},
-                              {"account_deleteFromFlash", "user name;password;access_right"}});
-    add_settings("802.1x setting",
-                 {{"U_Dot1xSetEbl", "802.1x=0|1"},
-                  {"U_Dot1xSetRds", "radius server ip=192.0.2.10|192.0.2.129;"
-                                    "server port=1|65535;accounting port=1|65535"},
-                  {"U_Dot1xSetRdsId", "nas identifier=" + texts_of_29},
-                  {"U_Dot1xSetRdsKey",
-                   "shared key=" + encrypted(encrypt_dot1x_key, "a-shared-key-of-29-characters")}});
-    add_settings("802.1x parameter setting",
-                 {{"U_Dot1xSetTimeoutQuiet", "quiet period=10|65535"},
-                  {"U_Dot1xSetTimeoutTx", "tx period=10|65535"},
-                  {"U_Dot1xSetTimeoutSupplicant", "supplicant timeout=10|300"},
-                  {"U_Dot1xSetTimeoutRds", "server timeout=10|300"},
-                  {"U_Dot1xSetMaxReq", "maximum requests=2|10"},
-                  {"U_Dot1xSetTimeoutReauth", "reauth period=30|65535"}});
-    add_settings("802.1x port setting",
-                 {{"U_Dot1xSetPortMode", "port#_mode=Force Unauthorized|Standard Authorization",
-                   g_ucMaxPhyPort}});
-    add_settings(
-        "static sak",
-        {{"U_MacsecSetPortEnable", "port # static sak status=0|1", 2, 7},
-         {"U_MacsecSetKey", "port # sci=" + encrypted(encrypt_sci, "0123456789abcdef"), 2, 7},
-         {"U_MacsecSetKey",
-          "port # sak=" + encrypted(encrypt_sak, "0123456789abcdef0123456789abcdef"), 2, 7}});
+    setting("usrflsh_setPSWD_minLen", "password:minimum_length=6|8");
+    setting("usrflsh_setPSWD_maxLen", "password:maximum_length=20|31");
+    setting("account_deleteFromFlash", "password:user name;password;access_right");
+    setting("U_Dot1xSetEbl", "802.1x setting:802.1x=0|1");
+    setting("U_Dot1xSetRds", "802.1x setting:radius server ip=192.0.2.10|192.0.2.129;"
+                             "server port=1|65535;accounting port=1|65535");
+    setting("U_Dot1xSetRdsId", "802.1x setting:nas identifier=" + texts_of_29);
+    setting("U_Dot1xSetRdsKey", "802.1x setting:shared key=" +
+                                    encrypted(encrypt_dot1x_key, "a-shared-key-of-29-characters"));
+    setting("U_Dot1xSetTimeoutQuiet", "802.1x parameter setting:quiet period=10|65535");
+    setting("U_Dot1xSetTimeoutTx", "802.1x parameter setting:tx period=10|65535");
+    setting("U_Dot1xSetTimeoutSupplicant", "802.1x parameter setting:supplicant timeout=10|300");
+    setting("U_Dot1xSetTimeoutRds", "802.1x parameter setting:server timeout=10|300");
+    setting("U_Dot1xSetMaxReq", "802.1x parameter setting:maximum requests=2|10");
+    setting("U_Dot1xSetTimeoutReauth", "802.1x parameter setting:reauth period=30|65535");
+    setting("U_Dot1xSetPortMode",
+            "802.1x port setting:port#_mode=Force Unauthorized|Standard Authorization",
+            g_ucMaxPhyPort);
+    const std::string digits = "0123456789abcdef";
+    setting("U_MacsecSetPortEnable", "static sak:port # static sak status=0|1", 2, 7);
+    setting("U_MacsecSetKey", "static sak:port # sci=" + encrypted(encrypt_sci, digits), 2, 7);
+    setting("U_MacsecSetKey", "static sak:port # sak=" + encrypted(encrypt_sak, digits + digits), 2,
+            7);
     // While it is off, the device keeps its server.
-    add_settings(
-        "auth server setting",
-        {{"U_LoginAuthSrvSetEbl", "authentication server=1|1|0;server type=0|1|1"},
-         {"U_SetLoginAuthSrv", "server ip/name=192.0.2.10|192.0.2.129|192.0.2.129;"
-                               "server port=1|65535|65535;authentication type=2|3|3;"
-                               "server timeout=5|10|10;shared key=a-key|another-key|another-key"}});
+    setting("U_LoginAuthSrvSetEbl",
+            "auth server setting:authentication server=1|1|0;server type=0|1|1");
+    setting("U_SetLoginAuthSrv",
+            "auth server setting:server ip/name=192.0.2.10|192.0.2.129|192.0.2.129;"
+            "server port=1|65535|65535;authentication type=2|3|3;server timeout=5|10|10;"
+            "shared key=a-key|another-key|another-key");
 }

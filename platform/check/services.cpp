@@ -28,17 +28,6 @@ unsigned long count_of(unsigned short (*get)(uint16_t*)) {
     return static_cast<unsigned long>(value_of(get));
 }
 
-void delete_community(int number) {
-    U_SnmpDelCommunity(formatted("check-device-%d", number).c_str());
-}
-
-// The last that are inserted differ in their addresses.
-void delete_receiver(int number) {
-    ip_addr_t address = {};
-    str_to_ipaddr(&address, formatted("192.0.2.%d", number).c_str());
-    U_SnmpDelTrapIpv6(&address, 162);
-}
-
 void check_snmp() {
     const Argument communities = index_up_to(count_of(U_SnmpGetCommunitySize));
     const Argument receivers = index_up_to(count_of(U_SnmpGetTrapSize));
@@ -63,23 +52,20 @@ void check_snmp() {
                     {"0123", too_long});
     check_validator(NAMED(Usrflsh_check_snmpV3_encryption_key), {secret().c_str()},
                     {"0123", too_long});
-    // In turn no receivers, those of one address and those of one port.
-    const char* insert = "U_SnmpInsTrapIpv6 and U_SnmpInsInformIpv6";
-    add_settings("snmp settings",
-                 {{"U_SnmpSetEbl", "snmp=0|1"},
-                  {"U_FlshSnmpSetVer", "snmp version=" + accepted(Usrflsh_check_snmp_version)},
-                  {"U_FlshSnmpSetMode", "snmp trap mode=0|0|1"},
-                  {"U_SnmpInsCommunity",
-                   "snmp community string#=-1|check-device-#;"
-                   "snmp community permission type#=-1|" +
-                       std::to_string(permission),
-                   15, 1, "U_SnmpDelCommunity", delete_community},
-                  {insert,
-                   "snmp trap server ip#=-1|192.0.2.10|192.0.2.#;"
-                   "snmp trap server port#=-1|100#|162;"
-                   "snmp trap server community string#=-1|check-device|check-device",
-                   15, 1, "U_SnmpDelTrapIpv6", delete_receiver},
-                  {"U_SnmpInsUsm", "snmp v3"}});
+    setting("U_SnmpSetEbl", "snmp settings:snmp=0|1");
+    setting("U_FlshSnmpSetVer",
+            "snmp settings:snmp version=" + accepted(Usrflsh_check_snmp_version));
+    setting("U_FlshSnmpSetMode", "snmp settings:snmp trap mode=0|0|1");
+    table("U_SnmpInsCommunity", "U_SnmpDelCommunity",
+          formatted("snmp settings:snmp community string#=-1|check-device-#|check-device-#;"
+                    "snmp community permission type#=-1|%d|%d",
+                    permission, permission));
+    // In turn none, receivers of one address and others of one port.
+    table("U_SnmpInsTrapIpv6 and U_SnmpInsInformIpv6", "U_SnmpDelTrapIpv6",
+          "snmp settings:snmp trap server ip#=-1|192.0.2.10|192.0.2.#;"
+          "snmp trap server port#=-1|100#|162;"
+          "snmp trap server community string#=-1|check-device|check-device");
+    setting("U_SnmpInsUsm", "snmp settings:snmp v3");
 }
 
 void check_modbus() {
@@ -88,10 +74,10 @@ void check_modbus() {
     check_validator(NAMED(Usrmodbus_check_modbus_addr), {address}, {-2, 256});
     check_validator(NAMED(Usrmodbus_check_modbus_enable), {0, 1}, {-2, 100});
     check_validator(NAMED(Usrmodbus_check_modbus_port), {port}, {-2, 65536});
-    add_settings("modbus tcp settings",
-                 {{"U_SysSetModbusAddr", "modbus address=" + accepted(Usrmodbus_check_modbus_addr)},
-                  {"U_SysSetModbusEnabled", "modbus=0|1"},
-                  {"U_SysSetModbusPort", "modbus port=503|65535"}});
+    setting("U_SysSetModbusAddr",
+            "modbus tcp settings:modbus address=" + accepted(Usrmodbus_check_modbus_addr));
+    setting("U_SysSetModbusEnabled", "modbus tcp settings:modbus=0|1");
+    setting("U_SysSetModbusPort", "modbus tcp settings:modbus port=503|65535");
 }
 
 void check_system_log() {
@@ -103,12 +89,10 @@ void check_system_log() {
     check_validator(NAMED(Usrsyslog_check_system_log_server_ip), {"192.0.2.1"},
                     {"not an address", "256.1.1.1"});
     check_validator(NAMED(Usrsyslog_check_system_log_server_port), {514}, {-2, 65536});
-    add_settings("system log settings",
-                 {{"Ui_SysLogSet",
-                   "system log event to flash=0|1;system log server=0|1;"
-                   "system log server ip=192.0.2.10|192.0.2.129;system log server port=1|65535;"
-                   "system log level=" +
-                       levels}});
+    setting("Ui_SysLogSet", "system log settings:system log event to flash=0|1;"
+                            "system log server=0|1;system log server ip=192.0.2.10|192.0.2.129;"
+                            "system log server port=1|65535;system log level=" +
+                                levels);
 }
 
 // Which kind of server it is, nothing sets.
@@ -118,21 +102,21 @@ void check_sntp() {
     GETTER(U_FlshntpIpDmStrngGet, {}, {}, text(32), text(32));
     KEPT(U_SysGetMSNTP, U_SysSetMSNTP, {}, {}, text(32), text(32), {}, 0);
     KEPT(U_SysGetDaylight, U_SysSetDaylight);
-    const bool is_by_hand = by_hand[0] != 0;
-    const std::string form = is_address[0] == 1 ? "1|1|-1" : "0|0|-1";
-    add_settings("sntp setting",
-                 {{"U_SysSetMSNTP", "time and date setting :mode=1|1|0;time zone=0|62|-1;"
-                                    "time server query period (sec)=60|86400|-1"},
-                  {"U_SysSetMSNTP",
-                   is_by_hand ? "ntp server=1|1|-1;ip/domain=" + form +
-                                    ";ntp manual server name=" + texts_of_31 + "|-1"
-                              : "ntp server=0|0|-1;ntp public server#=" + texts_of_31 + "|-1",
-                   2},
-                  {"U_SysSetDaylight", "daylight saving :enable state=1|1|0;offset=1|2|-1;"
-                                       "start date(month)=3|4|-1;start date(week)=1|2|-1;"
-                                       "start date(day)=0|1|-1;start date(hour)=1|2|-1;"
-                                       "end date(month)=9|10|-1;end date(week)=1|2|-1;"
-                                       "end date(day)=0|1|-1;end date(hour)=1|2|-1"}});
+    if (by_hand[0] == 0) {
+        setting("U_SysSetMSNTP",
+                "sntp setting:ntp server=0|0|-1;ntp public server#=" + texts_of_31 + "|-1", 2);
+    } else {
+        const std::string form = is_address[0] == 1 ? "1|1|-1;" : "0|0|-1;";
+        setting("U_SysSetMSNTP", "sntp setting:ntp server=1|1|-1;ip/domain=" + form +
+                                     "ntp manual server name=" + texts_of_31 + "|-1");
+    }
+    setting("U_SysSetMSNTP", "sntp setting:time and date setting :mode=1|1|0;time zone=0|62|-1;"
+                             "time server query period (sec)=60|86400|-1");
+    setting("U_SysSetDaylight", "sntp setting:daylight saving :enable state=1|1|0;offset=1|2|-1;"
+                                "start date(month)=3|4|-1;start date(week)=1|2|-1;"
+                                "start date(day)=0|1|-1;start date(hour)=1|2|-1;"
+                                "end date(month)=9|10|-1;end date(week)=1|2|-1;"
+                                "end date(day)=0|1|-1;end date(hour)=1|2|-1");
 }
 
 void check_smtp() {
@@ -143,14 +127,14 @@ void check_smtp() {
     KEPT(U_FlshSmtpGetUnamePwd, U_FlshSmtpSetUnamePwd, {}, text(32), text(16));
     KEPT(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd, text(32), text(32), text(32), text(32));
     const std::string addresses = "a@example.com|0123456789abcdefghi@example.com";
-    add_settings("smtp setting",
-                 {{"U_FlshSmtpSetServer", "smtp server=" + texts_of_31},
-                  {"U_FlshSmtpSetSendAdd", "sender address=" + addresses},
-                  {"U_FlshSmtpSetSubject", "subject of mail=" + texts_of_31},
-                  {"U_FlshSmtpSetUnamePwd", "authentication=0|1;username=" + texts_of_31},
-                  {"U_FlshSmtpSetUnamePwd", "password=password-1|password-of-15."},
-                  {"U_FlshSmtpSetTLS", "tls/ssl=0|1"},
-                  {"U_FlshSmtpSetRecAdd", "mail recipient#=" + addresses, 4}});
+    setting("U_FlshSmtpSetServer", "smtp setting:smtp server=" + texts_of_31);
+    setting("U_FlshSmtpSetSendAdd", "smtp setting:sender address=" + addresses);
+    setting("U_FlshSmtpSetSubject", "smtp setting:subject of mail=" + texts_of_31);
+    setting("U_FlshSmtpSetUnamePwd", "smtp setting:authentication=0|1;"
+                                     "password=password-1|password-of-15.;username=" +
+                                         texts_of_31);
+    setting("U_FlshSmtpSetTLS", "smtp setting:tls/ssl=0|1");
+    setting("U_FlshSmtpSetRecAdd", "smtp setting:mail recipient#=" + addresses, 4);
 }
 
 } // namespace
@@ -166,11 +150,10 @@ void check_services() {
 void add_users(const Document& before) {
     for (int number = 1; number <= 2; ++number) { // as many as a document holds
         if (before.count(formatted("snmp settings:snmp v3 user name%d", number)) == 0) {
-            add_settings("snmp settings",
-                         {{"U_SnmpInsUsm",
-                           "snmp v3 user name#=check-device-#;snmp v3 encryption key#=" + secret() +
-                               ";snmp v3 authentication password#=" + secret(),
-                           1, number}});
+            setting("U_SnmpInsUsm",
+                    "snmp settings:snmp v3 user name#=check-device-#;snmp v3 encryption key#=" +
+                        secret() + ";snmp v3 authentication password#=" + secret(),
+                    1, number);
         }
     }
 }

@@ -33,24 +33,27 @@ void check_rstp() {
     GETTER(U_FlshStpGetPortNonstp, port);
     check_getter("U_FlshStpGetBpduGuardPortState", bpdu_guard, {port});
     check_getter("stp_rstp_getFromFlash", protection, {port});
-    add_settings(
-        "rstp setting",
-        {{"U_StpSetEbl", "enable state=0|1"},
-         {"U_StpSetPriority", "priority=4096|61440"},
-         {"U_StpSetBpduGuardCfg", "bpdu guard ebl=0|1"},
-         {"U_FlshStpSetPortEdge", "port#_edge port=0|1", g_ucMaxPhyPort},
-         {"U_StpSetPortNonstp", "port#_enable rstp=0|1", g_ucMaxPhyPort},
-         {"U_StpSetPortBpduGuardEbl", "port#_bpdu guard=0|1", g_ucMaxPhyPort},
-         {"stp_rstp_setToFlash", "port#_root guard=0|1;port#_bpdu filter=0|1", g_ucMaxPhyPort}});
+    setting("U_StpSetEbl", "rstp setting:enable state=0|1");
+    setting("U_StpSetPriority", "rstp setting:priority=4096|61440");
+    setting("U_StpSetBpduGuardCfg", "rstp setting:bpdu guard ebl=0|1");
+    setting("U_FlshStpSetPortEdge", "rstp setting:port#_edge port=0|1", g_ucMaxPhyPort);
+    setting("U_StpSetPortNonstp", "rstp setting:port#_enable rstp=0|1", g_ucMaxPhyPort);
+    setting("U_StpSetPortBpduGuardEbl", "rstp setting:port#_bpdu guard=0|1", g_ucMaxPhyPort);
+    setting("stp_rstp_setToFlash", "rstp setting:port#_root guard=0|1;port#_bpdu filter=0|1",
+            g_ucMaxPhyPort);
 }
 
-// The settings of a rule.
-std::string rule_keys(const std::string& rule) {
+// Sets the rule of a slot, whose other keys stay.
+void set_rule(int slot, const std::string& other_keys) {
     char mac[64] = "";
     mac_to_str(mac, reinterpret_cast<const unsigned char*>("\2\0\x5e\x10\x20\xff"));
-    return rule + "profile name=check|another;" + rule + "action=Permit|Deny;" + rule +
-           "source mac=|" + mac + ";" + rule + "mask of source mac=|" + mac + ";" + rule +
-           "source ip=|192.0.2.129;" + rule + "mask of source ip=|255.255.255.0";
+    setting("U_AclInsRule",
+            "acl setting:" + other_keys +
+                "acl_rule_# profile name=check|another;acl_rule_# action=Permit|Deny;"
+                "acl_rule_# source mac=|" +
+                mac + ";acl_rule_# mask of source mac=|" + mac +
+                ";acl_rule_# source ip=|192.0.2.129;acl_rule_# mask of source ip=|255.255.255.0",
+            1, slot);
 }
 
 // Only rules that exist are set: no operation deletes one.
@@ -62,11 +65,10 @@ void check_stored_rules() {
     for (uint32_t slot = 0; slot < 33; ++slot) {
         TstFlshAcl rules[2] = {};
         if (U_FlshGetAcl(slot, rules) == 0 && rules[0].usIndex != 0) {
-            add_settings("acl setting",
-                         {{"U_AclInsRule", rule_keys(formatted("acl_rule_%u ", slot))}});
+            set_rule(static_cast<int>(slot), "");
         }
     }
-    add_settings("acl setting", {{"U_AclInsRule", "acl_rule_"}});
+    setting("U_AclInsRule", "acl setting:acl_rule_");
 }
 
 bool has_vlan(unsigned id) {
@@ -112,24 +114,21 @@ void check_vlan_header() {
     check_getter("check_vlan_data", read_buffers,
                  {{}, {100, 'r'}, {512 * sizeof(TstFlshVlanEntry), 'r'}, {512 * 4, 'r'}});
     const int port = std::clamp<int>(g_ucMaxPhyPort, 1, 8);
-    const std::string one = formatted("%u", unused), two = formatted("%u", unused + 2),
-                      three = formatted("%u", unused + 4);
-    const std::string all = list_with(data[0], port, "," + one + "," + two + "," + three);
-    const std::string some = list_with(data[0], port, "," + one + "," + three);
-    add_settings("vlan setting",
-                 {{"set_vlan_data", "port#_role=Trunk;port#_vlan=" + all + "|" + some, 1, port},
-                  {"U_FlshVlanSetMgnVlanId", formatted("management vlan id=%u|%u", management,
-                                                       has_vlan(other) ? other : management)}});
-    add_settings("static vlan table",
-                 {{"set_vlan_data", one + "=1;" + two + "=1|-1;" + three + "=1"}});
-    for (int source = 1; source <= port; ++source) {
-        std::string others;
-        for (int target = 1; target <= 8; ++target) {
-            others += target == source ? "" : (others.empty() ? "" : ",") + std::to_string(target);
-        }
-        add_settings("vlan port isolation setting",
-                     {{"U_FlshVlanSetPortBasedEntry",
-                       formatted("port%d=%s|%d", source, others.c_str(), source % 8 + 1)}});
+    const std::string first = std::to_string(unused), second = std::to_string(unused + 2),
+                      third = std::to_string(unused + 4);
+    const std::string all = list_with(data[0], port, "," + first + "," + second + "," + third);
+    const std::string some = list_with(data[0], port, "," + first + "," + third);
+    setting("set_vlan_data", "vlan setting:port#_role=Trunk;port#_vlan=" + all + "|" + some, 1,
+            port);
+    setting("set_vlan_data",
+            "static vlan table:" + first + "=1;" + second + "=1|-1;" + third + "=1");
+    setting("U_FlshVlanSetMgnVlanId", formatted("vlan setting:management vlan id=%u|%u", management,
+                                                has_vlan(other) ? other : management));
+    for (unsigned source = 1; source <= static_cast<unsigned>(port); ++source) {
+        std::string others = "1,2,3,4,5,6,7,8,";
+        others.erase(2 * source - 2, 2).pop_back();
+        setting("U_FlshVlanSetPortBasedEntry", formatted("vlan port isolation setting:port%u=%s|%u",
+                                                         source, others.c_str(), source % 8 + 1));
     }
 }
 
@@ -137,18 +136,17 @@ void check_qos() {
     KEPT(U_QosGetScheduleMode, U_QosSetScheduleMode);
     KEPT(U_QosGetcosqueuemapping, U_QosSetcosqueuemapping);
     KEPT(U_QosGetdscpmapping, U_QosSetdscpmapping);
-    add_settings("qos setting",
-                 {{"U_QosSetScheduleMode",
-                   "mode=Weighted Round-Robin|Weighted Round-Robin|Strict Priority;"
-                   "classification type=802.1p CoS only|Both 802.1p CoS and DiffServ|"
-                   "Both 802.1p CoS and DiffServ"},
-                  {"U_QosSetScheduleMode", "q#=1 packets|8 packets|-1", 8, 0}});
-    add_settings("cos queue mapping", {{"U_QosSetcosqueuemapping", "#=Q1|Q6", 8, 0}});
-    std::string keys = "message=DSCP doesn't support 802.1p CoS only.|-1|-1";
+    setting("U_QosSetScheduleMode",
+            "qos setting:mode=Weighted Round-Robin|Weighted Round-Robin|Strict Priority;"
+            "classification type=802.1p CoS only|Both 802.1p CoS and DiffServ|"
+            "Both 802.1p CoS and DiffServ");
+    setting("U_QosSetScheduleMode", "qos setting:q#=1 packets|8 packets|-1", 8, 0);
+    setting("U_QosSetcosqueuemapping", "cos queue mapping:#=Q1|Q6", 8, 0);
+    setting("U_QosSetdscpmapping",
+            "dscp mapping:message=DSCP doesn't support 802.1p CoS only.|-1|-1");
     for (int code = 0; code < 64; ++code) {
-        keys += formatted(";0x%02x(%d)=-1|1|6", code, code);
+        setting("U_QosSetdscpmapping", formatted("dscp mapping:0x%02x(%d)=-1|1|6", code, code));
     }
-    add_settings("dscp mapping", {{"U_QosSetdscpmapping", keys}});
 }
 
 } // namespace
@@ -159,10 +157,10 @@ void check_switching() {
     check_stored_rules();
     check_qos();
     GETTERS(U_FlshPortSecMacGet);
-    add_settings("port security setting",
-                 {{"U_FlshPortSecMacSet", "global_state=0|1|1"},
-                  {"U_PortSecSwitchMac", "port#_port_state=0|1|1;port#_maximum_mac=1|2|3",
-                   std::min<int>(g_ucMaxPhyPort, 32)}});
+    setting("U_FlshPortSecMacSet", "port security setting:global_state=0|1|1");
+    setting("U_PortSecSwitchMac",
+            "port security setting:port#_port_state=0|1|1;port#_maximum_mac=1|2|3",
+            std::min<int>(g_ucMaxPhyPort, 32));
 }
 
 void add_static_vlans(Document& document) {
@@ -179,13 +177,11 @@ void add_rules(const Document& before) {
         used.insert(key.find(" index_id") != key.npos ? value : "");
     }
     for (int slot = 0, index = 1; slot < 33; ++slot) {
-        const std::string rule = formatted("acl_rule_%d ", slot);
-        if (before.count("acl setting:" + rule + "index_id") == 0) {
+        if (before.count(formatted("acl setting:acl_rule_%d index_id", slot)) == 0) {
             while (used.count(std::to_string(index)) > 0) {
                 ++index;
             }
-            const std::string own = rule + "index_id=" + std::to_string(index++);
-            add_settings("acl setting", {{"U_AclInsRule", own + ";" + rule_keys(rule)}});
+            set_rule(slot, formatted("acl_rule_# index_id=%d;", index++));
         }
     }
 }

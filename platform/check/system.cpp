@@ -38,28 +38,26 @@ void check_system() {
     KEPT(U_FlshSysGetEmailPort, U_SysSetEmailPort, codes);
     KEPT(U_FlshSysGetEmailPower, U_SysSetEmailPower, bytes(EMAIL_POWERS));
     KEPT(U_SysGetEmailSyslog, U_SysSetEmailSyslog);
-    const std::string server = tftp_server("192.0.2.10"), other = tftp_server("192.0.2.129");
-    add_settings("system settings", {{"U_FlshSysInfoSetName", "device name=" + texts_of_29}});
-    add_settings("network settings", {{"U_FlshSysSetDhcp", "dhcp=0|1"},
-                                      {"U_FlshSysSetIp", "static ip address=192.0.2.10|192.0.2.129;"
-                                                         "subnet mask=255.255.255.0|255.255.0.0"},
-                                      {"U_FlshSysSetGateway", "gateway=192.0.2.1|192.0.2.254"},
-                                      {"U_FlshSysSetDNSIp", "primary dns=192.0.2.10|192.0.2.129"}});
-    add_settings("lldp setting", {{"U_LldpSetEnable", "enable state=0|1"}});
-    add_settings(
-        "port mirror setting",
-        {{"U_FwdSetPortMirror", "enable state=1|1|0;source port=1|2|-1;destination port=2|1|-1"}});
-    add_settings("https setting", {{"U_FlshHTTPSSet", "enable state=0|1"}});
-    add_settings("auto default setting", {{"set_eeprom_serial_port", "enable state=0|1"}});
-    add_settings("periodic back-up",
-                 {{"U_SetPeriodicSetting", "enable state=0|1;period hour=0|23;period minute=0|59;"
-                                           "tftp serverip=" +
-                                               server + "|" + other}});
-    add_settings(
-        "warning/alarm setting",
-        {{"U_SysSetEmailPort", "port_# link_status=Link UP|LinkUp/Down", static_cast<int>(ports)},
-         {"U_SysSetEmailPower", "power_# power_status=Power On|Power Off", EMAIL_POWERS},
-         {"U_SysSetEmailSyslog", "syslog_level_alarm=LOG_DEBUG|Disabled"}});
+    setting("U_FlshSysInfoSetName", "system settings:device name=" + texts_of_29);
+    setting("U_FlshSysSetDhcp", "network settings:dhcp=0|1");
+    setting("U_FlshSysSetIp", "network settings:static ip address=192.0.2.10|192.0.2.129;"
+                              "subnet mask=255.255.255.0|255.255.0.0");
+    setting("U_FlshSysSetGateway", "network settings:gateway=192.0.2.1|192.0.2.254");
+    setting("U_FlshSysSetDNSIp", "network settings:primary dns=192.0.2.10|192.0.2.129");
+    setting("U_LldpSetEnable", "lldp setting:enable state=0|1");
+    setting("U_FwdSetPortMirror", "port mirror setting:enable state=1|1|0;source port=1|2|-1;"
+                                  "destination port=2|1|-1");
+    setting("U_FlshHTTPSSet", "https setting:enable state=0|1");
+    setting("set_eeprom_serial_port", "auto default setting:enable state=0|1");
+    setting("U_SetPeriodicSetting", "periodic back-up:enable state=0|1;period hour=0|23;"
+                                    "period minute=0|59;tftp serverip=" +
+                                        tftp_server("192.0.2.10") + "|" +
+                                        tftp_server("192.0.2.129"));
+    setting("U_SysSetEmailPort", "warning/alarm setting:port_# link_status=Link UP|LinkUp/Down",
+            static_cast<int>(ports));
+    setting("U_SysSetEmailPower", "warning/alarm setting:power_# power_status=Power On|Power Off",
+            EMAIL_POWERS);
+    setting("U_SysSetEmailSyslog", "warning/alarm setting:syslog_level_alarm=LOG_DEBUG|Disabled");
 }
 
 void check_addresses() {
