@@ -261,16 +261,17 @@ Document restored_part(const Document& document) {
 
 // What is wrong with each key that differs.
 Document differences(const Document& expected, const Document& seen) {
-    Document one = restored_part(expected), other = restored_part(seen), found;
-    Document keys = one;
-    keys.insert(other.begin(), other.end());
-    for (const auto& [key, value] : keys) {
-        const std::string wanted = one.count(key) > 0 ? key : "none";
-        const std::string left = other.count(key) == 0 ? "none"
-                                 : wanted == key       ? "another value"
-                                                       : key;
-        if (one[key] != other[key] || wanted == "none" || left == "none") {
-            found[key] = "expected " + wanted + ", seen " + left;
+    const Document one = restored_part(expected), other = restored_part(seen);
+    Document found;
+    for (const auto& [key, value] : one) {
+        const auto same = other.find(key);
+        if (same == other.end() || same->second != value) {
+            found[key] = "expected " + key + ", seen " + (same == other.end() ? "none" : "another");
+        }
+    }
+    for (const auto& [key, value] : other) {
+        if (one.count(key) == 0) {
+            found[key] = "expected none, seen " + key;
         }
     }
     return found;
@@ -280,14 +281,12 @@ Document differences(const Document& expected, const Document& seen) {
 struct Row {
     const char* operation;
     const char* remove; // of a table, else null
-    int number;
-    int index; // among those that count, from 0
-    bool alternates;
+    int first;          // number
+    int index;          // among those that count
+    int count;
     std::vector<std::string> values;
 };
 std::map<std::string, Row> rows; // by their keys
-
-constexpr int table_rows = 15;
 
 std::string numbered(std::string text, int number) {
     const std::size_t mark = text.find('#');
@@ -297,23 +296,24 @@ std::string numbered(std::string text, int number) {
 // The document of a turn. In every third turn the tables lack a row in the middle.
 Document changed(Document document, int turn) {
     for (const auto& [key, row] : rows) {
-        if (row.values.empty()) {
-            continue;
-        }
-        const int moved = row.remove != nullptr && turn % 3 == 2 && row.index >= 7 ? 1 : 0;
+        const bool is_table = row.remove != nullptr;
+        const bool alternates = row.count > 0 && row.values.size() == 2 && !is_table;
         const auto which =
-            static_cast<unsigned>(row.alternates ? row.index >> turn / 2 ^ turn : turn);
-        const std::string& value = row.values[which % row.values.size()];
-        document[key] = numbered(value, row.number + moved);
-        if (is_absent(value.c_str()) || row.index + moved == table_rows) {
+            static_cast<unsigned>(alternates ? (row.index >> turn / 2) ^ turn : turn);
+        const int index =
+            row.index + (is_table && turn % 3 == 2 && row.index >= row.count / 2 ? 1 : 0);
+        const std::string value = row.values.empty() ? "" : row.values[which % row.values.size()];
+        if (is_absent(value.c_str()) || (is_table && index == row.count)) {
             document.erase(key);
+        } else if (!row.values.empty()) {
+            document[key] = numbered(value, row.first + index);
         }
     }
     return document;
 }
 
 const Row& owner_of(const std::string& key) {
-    static const Row none{"restore", nullptr, 0, 0, false, {}};
+    static const Row none{"restore", nullptr, 0, 0, 0, {}};
     const auto own = rows.find(key);
     const auto prefix = std::find_if(rows.begin(), rows.end(), [&key](const auto& row) {
         return row.second.values.empty() && starts_with(key, row.first.c_str());
@@ -361,25 +361,17 @@ std::string difference(const Document& expected, const Document& seen) {
     return found.empty() ? "" : found.begin()->second;
 }
 
-static void add_rows(const Row& row, const std::string& keys, int count) {
+void setting(const char* operation, const std::string& keys, int count, int first,
+             const char* remove) {
     const std::string section = keys.substr(0, keys.find(':') + 1);
     for (const std::string& part : split(keys.substr(section.size()), ';')) {
         const std::size_t end = std::min(part.find('='), part.size());
-        Row added = row;
-        added.values = split(part.substr(std::min(end + 1, part.size())), '|');
-        added.alternates = count > 0 && added.values.size() == 2 && row.remove == nullptr;
-        for (; added.index < std::max(count, 1); ++added.index, ++added.number) {
-            rows[numbered(section + part.substr(0, end), added.number)] = added;
+        const auto values = split(part.substr(std::min(end + 1, part.size())), '|');
+        for (int index = 0; index < std::max(count, 1); ++index) {
+            const std::string key = numbered(section + part.substr(0, end), first + index);
+            rows[key] = {operation, remove, first, index, count, values};
         }
     }
-}
-
-void setting(const char* operation, const std::string& keys, int count, int first) {
-    add_rows({operation, nullptr, first, 0, false, {}}, keys, count);
-}
-
-void table(const char* insert, const char* remove, const std::string& keys) {
-    add_rows({insert, remove, 1, 0, false, {}}, keys, table_rows);
 }
 
 void check_verdict(const char* operation, bool is_good, const std::string& section,
@@ -389,13 +381,12 @@ void check_verdict(const char* operation, bool is_good, const std::string& secti
     for (const std::string& part : split(keys, ';')) {
         document[section + ":" + part.substr(0, part.find('='))] = part.substr(part.find('=') + 1);
     }
-    const int own = code_of(before);
-    const int code = code_of(document);
+    const int own = code_of(before), code = code_of(document);
     report(operation, (is_good ? "accepts " : "refuses ") + keys,
            (code == own) == is_good ? ""
-           : own != 0               ? "SKIP check refuses the device's own document"
-           : is_good                ? formatted("expected no code, seen %d", code)
-                                    : "expected a code, seen none");
+           : own != 0
+               ? "SKIP check refuses the device's own document"
+               : formatted("expected %s, seen code %d", is_good ? "no code" : "a code", code));
 }
 
 void check_backup() {

@@ -104,10 +104,11 @@ void check_getters(const std::string& names, const std::vector<Operation>& gette
 // values, some numbers get one and some the other at a time, so that a port that also sets
 // another is noticed. Keys without values are not set, but a change of what begins with them
 // is a fault of the operation.
-void setting(const char* operation, const std::string& keys, int count = 0, int first = 1);
-
-// Keys of the 15 rows of a table that restore empties and fills.
-void table(const char* insert, const char* remove, const std::string& keys);
+//
+// Restore empties and fills a table, whose first value is -1. Then remove is the operation
+// that deletes a row.
+void setting(const char* operation, const std::string& keys, int count = 0, int first = 1,
+             const char* remove = nullptr);
 
 inline const std::string texts_of_29 = "a.example.com|0123456789abcdefghi.a.example";
 inline const std::string texts_of_31 = "a.example.com|0123456789abcdefghi.example.com";

@@ -24,14 +24,13 @@ int value_of(Result (*get)(Value*)) {
     return static_cast<int>(values[0]);
 }
 
-unsigned long count_of(unsigned short (*get)(uint16_t*)) {
-    return static_cast<unsigned long>(value_of(get));
+Argument rows_of(unsigned short (*size)(uint16_t*)) {
+    return index_up_to(static_cast<unsigned long>(value_of(size)));
 }
 
 void check_snmp() {
-    const Argument communities = index_up_to(count_of(U_SnmpGetCommunitySize));
-    const Argument receivers = index_up_to(count_of(U_SnmpGetTrapSize));
-    const Argument users = index_up_to(count_of(U_SnmpGetUsmSize));
+    const Argument communities = rows_of(U_SnmpGetCommunitySize);
+    const Argument receivers = rows_of(U_SnmpGetTrapSize), users = rows_of(U_SnmpGetUsmSize);
     const int permission = std::stoi(accepted(Usrsnmp_check_community_permission_type));
     GETTERS(U_SnmpGetEbl, U_FlshSnmpGetVer, U_FlshSnmpGetMode, U_SnmpGetCommunitySize,
             U_SnmpGetTrapSize, U_SnmpGetUsmSize);
@@ -56,15 +55,17 @@ void check_snmp() {
     setting("U_FlshSnmpSetVer",
             "snmp settings:snmp version=" + accepted(Usrflsh_check_snmp_version));
     setting("U_FlshSnmpSetMode", "snmp settings:snmp trap mode=0|0|1");
-    table("U_SnmpInsCommunity", "U_SnmpDelCommunity",
-          formatted("snmp settings:snmp community string#=-1|check-device-#|check-device-#;"
-                    "snmp community permission type#=-1|%d|%d",
-                    permission, permission));
+    setting("U_SnmpInsCommunity",
+            formatted("snmp settings:snmp community string#=-1|check-device-#|check-device-#;"
+                      "snmp community permission type#=-1|%d|%d",
+                      permission, permission),
+            15, 1, "U_SnmpDelCommunity");
     // In turn none, receivers of one address and others of one port.
-    table("U_SnmpInsTrapIpv6 and U_SnmpInsInformIpv6", "U_SnmpDelTrapIpv6",
-          "snmp settings:snmp trap server ip#=-1|192.0.2.10|192.0.2.#;"
-          "snmp trap server port#=-1|100#|162;"
-          "snmp trap server community string#=-1|check-device|check-device");
+    setting("U_SnmpInsTrapIpv6 and U_SnmpInsInformIpv6",
+            "snmp settings:snmp trap server ip#=-1|192.0.2.10|192.0.2.#;"
+            "snmp trap server port#=-1|100#|162;"
+            "snmp trap server community string#=-1|check-device|check-device",
+            15, 1, "U_SnmpDelTrapIpv6");
     setting("U_SnmpInsUsm", "snmp settings:snmp v3");
 }
 

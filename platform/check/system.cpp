@@ -27,7 +27,8 @@ void check_system() {
     codes.kinds.replace(ports, EMAIL_PORTS, EMAIL_PORTS - ports, 'r'); // of no port
     check_getter("get_full_model_name", [](char* name) { get_full_model_name(name); }, {text(33)});
     GETTER(U_SysGetMac, bytes(6));
-    GETTERS(U_SysGetFirmwareVer, U_FlshSysGetDhcp, U_FlshHTTPSGet);
+    GETTERS(U_SysGetFirmwareVer, U_FlshHTTPSGet);
+    KEPT(U_FlshSysGetDhcp, U_FlshSysSetDhcp);
     KEPT(U_FlshSysInfoGetName, U_FlshSysInfoSetName, text(30), 30);
     KEPT(U_FlshSysGetIp, U_FlshSysSetIp);
     KEPT(U_FlshSysGetGateway, U_FlshSysSetGateway);
