@@ -28,18 +28,18 @@ void expect(const char* operation, const std::string& what, const std::string& e
 // An argument becomes whatever an operation takes: for a getter that takes a pointer, an
 // output with guard bytes after it, and for its setter what has been read into that.
 struct Argument {
-    unsigned long number = 0; // passed by value
-    unsigned long end = 0;    // of an index: each from the number up to here
-    bool is_index = false;
+    unsigned long number; // passed by value
+    unsigned long end;    // of an index: each from the number up to here
+    bool is_index;
     // The bytes of an output: 'n' in a number or an array, 't' in a text, 'r' in a record,
     // which may have gaps. Empty: as its type says.
-    std::string kinds = {};
+    std::string kinds;
     std::string memory = {}; // of an output, after a call
     char fill = '\0';
 
-    Argument() = default;
-    Argument(unsigned long value) : number(value) {}
-    Argument(std::size_t width, char kind) : kinds(width, kind) {}
+    Argument(unsigned long value = 0, unsigned long limit = 0, bool runs = false,
+             const std::string& bytes = "")
+        : number(value), end(limit), is_index(runs), kinds(bytes) {}
 
     void* output(std::size_t width, char kind);
     unsigned long input() const;
@@ -56,14 +56,16 @@ struct Argument {
     }
 };
 
-Argument index_up_to(unsigned long end, unsigned long first = 0);
-
-inline Argument text(std::size_t width) {
-    return {width, 't'};
+inline Argument index_up_to(unsigned long end, unsigned long first = 0) {
+    return {first, end, true};
 }
 
-inline Argument bytes(std::size_t width) {
-    return {width, 'n'};
+inline Argument bytes(std::size_t width, char kind = 'n') {
+    return {0, 0, false, std::string(width, kind)};
+}
+
+inline Argument text(std::size_t width) {
+    return bytes(width, 't');
 }
 
 // A function or a lambda of any type. It takes as many arguments as it has parameters.
@@ -118,23 +120,18 @@ using Document = std::map<std::string, std::string>; // "section:key" in lower c
 Document written_document();
 void add_static_vlans(Document& document); // "static vlan table:ID", of three unused IDs
 
-// Restores all but the accounts and SNMP users that the device has, which may come twice.
-void restore(const Document& wanted, const Document& before);
-
-// Empty when both are the same. Names a key that differs, and never its value.
-std::string difference(const Document& expected, const Document& seen);
-
+// Whether the document is as it was.
 void check_backup();
+void check_same(const Document& before);
 
-// Whether check accepts or refuses values, "key=value;another key=value", because of what
-// an operation says.
-void check_verdict(const char* operation, bool is_good, const std::string& section,
-                   const std::string& keys);
+// Whether check accepts or refuses "section:key=value;another key=value" because of what an
+// operation says.
+void check_verdict(const char* operation, bool is_good, const std::string& keys);
 void check_addresses();
 void check_vlan_lists();
 
 void check_settings();
-void check_accounts();
+void delete_accounts(); // those that a setting has added
 
 // Adds the SNMP users and the access rules that there is room for. Nothing deletes them.
 void check_lasting_settings();
@@ -149,13 +146,14 @@ bool is_accepted(Result (*accepts)(Value), Value value) {
 
 template <typename Result, typename Value, typename Values = std::initializer_list<Value>>
 void check_validator(const char* name, Result (*accepts)(Value), Values usual, Values wrong) {
+    const auto verdict = [accepts](Value value) {
+        return is_accepted(accepts, value) ? "another" : "0 in the low 8 bits";
+    };
     for (const Value value : usual) {
-        expect(name, "accepts what the device has, or a usual value", "another than 0",
-               is_accepted(accepts, value) ? "another than 0" : "0 in the low 8 bits");
+        expect(name, "accepts what the device has, or a usual value", "another", verdict(value));
     }
     for (const Value value : wrong) {
-        expect(name, "refuses what no device takes", "0 in the low 8 bits",
-               is_accepted(accepts, value) ? "another than 0" : "0 in the low 8 bits");
+        expect(name, "refuses what no device takes", "0 in the low 8 bits", verdict(value));
     }
 }
 

@@ -111,8 +111,9 @@ void check_vlan_header() {
     GETTERS(get_vlan_data, U_VlanGetMgnVlanId);
     GETTER(U_VlanGetSttcEntry, management, bytes(8), bytes(8), {});
     KEPT(U_FlshVlanGetPortBasedEntry, U_FlshVlanSetPortBasedEntry);
-    check_getter("check_vlan_data", read_buffers,
-                 {{}, {100, 'r'}, {512 * sizeof(TstFlshVlanEntry), 'r'}, {512 * 4, 'r'}});
+    check_getter(
+        "check_vlan_data", read_buffers,
+        {{}, bytes(100, 'r'), bytes(512 * sizeof(TstFlshVlanEntry), 'r'), bytes(2048, 'r')});
     const int port = std::clamp<int>(g_ucMaxPhyPort, 1, 8);
     const std::string first = std::to_string(unused), second = std::to_string(unused + 2),
                       third = std::to_string(unused + 4);
@@ -187,11 +188,9 @@ void add_rules(const Document& before) {
 }
 
 void check_vlan_lists() {
-    const auto check = [](bool is_good, const char* keys) {
-        check_verdict("check_vlan_data", is_good, "vlan setting", keys);
-    };
-    check(false, "port1_role=Neither");
-    check(false, "port1_role=Access;port1_vlan=4093,4094");
-    check(false, "port1_role=Trunk;port1_vlan=x");
-    check(false, "port1_role=Trunk;port1_vlan=4095");
+    const std::string role = "vlan setting:port1_role=";
+    check_verdict("check_vlan_data", false, role + "Neither");
+    check_verdict("check_vlan_data", false, role + "Access;port1_vlan=4093,4094");
+    check_verdict("check_vlan_data", false, role + "Trunk;port1_vlan=x");
+    check_verdict("check_vlan_data", false, role + "Trunk;port1_vlan=4095");
 }

@@ -62,16 +62,14 @@ void check_system() {
 }
 
 void check_addresses() {
-    const std::string good = "static ip address=192.0.2.1;subnet mask=255.255.255.0;";
-    const auto check = [](const char* operation, bool is_good, const std::string& keys) {
-        check_verdict(operation, is_good, "network settings", keys);
-    };
-    check("U_SysCheckIpMaskString", true, good + "gateway=;primary dns=");
-    check("U_SysCheckIpMaskString", false, "static ip address=256.1.1.1;subnet mask=255.0.0.0");
-    check("U_SysCheckIpMaskString", false, "static ip address=192.0.2.1;subnet mask=mask");
-    check("U_SysCheckGatewayString", false, good + "gateway=gateway");
-    check("U_SysCheckInTheSubnet", true, good + "gateway=192.0.2.254");
-    check("U_SysCheckInTheSubnet", false, good + "gateway=198.51.100.1");
-    check("U_SysCheckDnsString", true, good + "gateway=;primary dns=192.0.2.1");
-    check("U_SysCheckDnsString", false, good + "gateway=;primary dns=server");
+    const std::string good = "network settings:static ip address=192.0.2.1;"
+                             "subnet mask=255.255.255.0;";
+    check_verdict("U_SysCheckIpMaskString", true, good + "gateway=;primary dns=");
+    check_verdict("U_SysCheckIpMaskString", false, "network settings:static ip address=256.1.1.1");
+    check_verdict("U_SysCheckIpMaskString", false, "network settings:subnet mask=mask");
+    check_verdict("U_SysCheckGatewayString", false, good + "gateway=gateway");
+    check_verdict("U_SysCheckInTheSubnet", true, good + "gateway=192.0.2.254");
+    check_verdict("U_SysCheckInTheSubnet", false, good + "gateway=198.51.100.1");
+    check_verdict("U_SysCheckDnsString", true, good + "gateway=;primary dns=192.0.2.1");
+    check_verdict("U_SysCheckDnsString", false, good + "gateway=;primary dns=server");
 }
