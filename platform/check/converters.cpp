@@ -49,7 +49,7 @@ void check_refused(const char* name, int (*convert)(Output*, const char*)) {
         alignas(Output) unsigned char output[64] = {};
         const int result = convert(reinterpret_cast<Output*>(output), text);
         const bool is_alone = hex(output, 64) == std::string(128, '0');
-        expect(name, formatted("refuses \"%s\", and leaves its output alone", text).c_str(),
+        expect(name, formatted("refuses \"%s\", and leaves its output alone", text),
                "not 0, nothing written",
                formatted("%s, %s", result != 0 ? "not 0" : "0",
                          is_alone ? "nothing written" : "an output"));
