@@ -5,14 +5,9 @@
 
 #include <algorithm>
 #include <cctype>
-#include <climits>
 #include <cstdarg>
 #include <cstdlib>
 #include <set>
-
-int tried = 0;
-int failed = 0;
-volatile std::sig_atomic_t stopped = 0;
 
 std::string formatted(const char* format, ...) {
     char chars[256];
@@ -196,15 +191,13 @@ dictionary* loaded(const Document& document) {
 
 // The code that check reports, or 0.
 int code_of(const Document& document) {
-    FILE* error_file = std::tmpfile();
+    char code[32] = "";
+    FILE* error_file = fmemopen(code, sizeof code, "w");
     dictionary* ini = loaded(document);
-    int code = document.empty() ? 211 : 0;
-    if (code == 0 && error_file != nullptr && check_sections(ini, error_file) != 0) {
-        std::rewind(error_file);
-        code = fscanf(error_file, "%d", &code) == 1 ? code : -1;
-    }
+    check_sections(ini, error_file);
     iniparser_freedict(ini);
-    return code;
+    std::fclose(error_file);
+    return document.empty() ? 211 : std::atoi(code);
 }
 
 // Restores all but the accounts and SNMP users that the device has, which may come twice.
@@ -227,12 +220,12 @@ void restore(const Document& wanted, const Document& before) {
 // the keys: the name of the account or the index of the rule takes their place.
 Document restored_part(const Document& document) {
     Document part = document;
+    part.erase("sntp setting:date");
+    part.erase("sntp setting:time");
     if (part["port mirror setting:enable state"] == "0") {
         part.erase("port mirror setting:source port");
         part.erase("port mirror setting:destination port");
     }
-    part.erase("sntp setting:date");
-    part.erase("sntp setting:time");
     for (const auto& [key, value] : document) {
         const std::size_t slot = key.find_first_of("0123456789");
         const std::size_t end = std::min(key.find_first_not_of("0123456789", slot), key.size());
@@ -341,11 +334,12 @@ void compare(const Document& expected, const char* what) {
 }
 
 // The operations in which compare has found no fault.
-void report_others(const char* what) {
+void report_others(const char* what, const char* outcome) {
     for (const auto& [key, row] : rows) {
+        const bool is_tried = !row.values.empty() || row.remove != nullptr;
         for (const char* operation : {row.operation, row.remove}) {
-            if (operation != nullptr && faulty.insert(operation).second) {
-                report(operation, what, "");
+            if (is_tried && operation != nullptr && faulty.insert(operation).second) {
+                report(operation, what, outcome);
             }
         }
     }
@@ -392,17 +386,23 @@ void check_same(const Document& before) {
 void check_settings() {
     const Document before = written_document();
     for (int turn = 0; turn < 6 && faulty.empty() && stopped == 0; ++turn) {
-        delete_accounts();
-        restore(changed(before, turn), before);
-        compare(changed(before, turn), "what is set is read back");
+        Document wanted = changed(before, turn);
+        restore(wanted, before);
+        compare(wanted, "what is set is read back");
+        if (faulty.empty()) {
+            delete_accounts(wanted, 1);
+            compare(wanted, "the others stay");
+        }
+        delete_accounts(wanted, 15);
     }
-    delete_accounts();
+    const bool is_complete = faulty.empty() && stopped == 0;
     restore(before, before);
     for (const auto& set : kept) {
         set();
     }
     compare(before, "the old value is put back");
-    report_others("what is set is read back, and then the old value");
+    report_others("what is set is read back, and then the old value",
+                  is_complete ? "" : "SKIP it was not tried to the end");
 }
 
 void check_lasting_settings() {
@@ -413,5 +413,5 @@ void check_lasting_settings() {
     add_rules(before);
     restore(changed(before, 1), before);
     compare(changed(before, 1), "each row is listed");
-    report_others("each row is listed");
+    report_others("each row is listed", "");
 }

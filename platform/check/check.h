@@ -13,8 +13,8 @@
 #include <type_traits>
 #include <vector>
 
-extern int tried, failed;                  // lines printed
-extern volatile std::sig_atomic_t stopped; // the signal that asked to stop, or 0
+inline int tried = 0, failed = 0;              // lines printed
+inline volatile std::sig_atomic_t stopped = 0; // the signal that asked to stop, or 0
 
 [[gnu::format(printf, 1, 2)]] std::string formatted(const char* format, ...);
 std::string hex(const void* bytes, std::size_t size);
@@ -120,8 +120,7 @@ using Document = std::map<std::string, std::string>; // "section:key" in lower c
 Document written_document();
 void add_static_vlans(Document& document); // "static vlan table:ID", of three unused IDs
 
-// Whether the document is as it was.
-void check_backup();
+void check_backup(); // that check accepts it
 void check_same(const Document& before);
 
 // Whether check accepts or refuses "section:key=value;another key=value" because of what an
@@ -130,10 +129,11 @@ void check_verdict(const char* operation, bool is_good, const std::string& keys)
 void check_addresses();
 void check_vlan_lists();
 
+// Restores the values of the settings, and at the end the old ones.
 void check_settings();
-void delete_accounts(); // those that a setting has added
+void delete_accounts(Document& document, int count); // of those that settings have added
 
-// Adds the SNMP users and the access rules that there is room for. Nothing deletes them.
+// Adds the users and rules that there is room for. No operation deletes them.
 void check_lasting_settings();
 void add_users(const Document& before);
 void add_rules(const Document& before);

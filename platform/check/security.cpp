@@ -62,12 +62,21 @@ void set_accounts() {
 
 } // namespace
 
-void delete_accounts() {
-    for (int slot = 7; slot < 7 + 15; ++slot) { // from the middle on
-        account_err_t error = ACCOUNT_ERROR_NONE;
-        account_t account = {};
-        account_encryptUsername(&account, formatted(account_name, slot % 15).c_str(), 32, &error);
-        account_deleteFromFlash(&account, &error);
+void delete_accounts(Document& document, int count) {
+    for (int slot = 7; slot < 7 + 15 && count > 0; ++slot) { // from the middle on
+        const std::string number = std::to_string(slot % 15);
+        const std::string name = formatted(account_name, slot % 15);
+        const auto found = document.find("password:user name" + number);
+        if (found != document.end() && found->second == name) {
+            account_err_t error = ACCOUNT_ERROR_NONE;
+            account_t account = {};
+            account_encryptUsername(&account, name.c_str(), 32, &error);
+            account_deleteFromFlash(&account, &error);
+            for (const char* key : {"user name", "password", "access_right"}) {
+                document.erase("password:" + (key + number));
+            }
+            --count;
+        }
     }
 }
 
