@@ -112,6 +112,9 @@ void check_getters(const std::string& names, const std::vector<Operation>& gette
 void setting(const char* operation, const std::string& keys, int count = 0, int first = 1,
              const char* remove = nullptr);
 
+// One for --fill, in a row that no operation deletes.
+void lasting_setting(const char* operation, const std::string& keys, int number);
+
 inline const std::string texts_of_29 = "a.example.com|0123456789abcdefghi.a.example";
 inline const std::string texts_of_31 = "a.example.com|0123456789abcdefghi.example.com";
 
@@ -131,12 +134,8 @@ void check_vlan_lists();
 
 // Restores the values of the settings, and at the end the old ones.
 void check_settings();
-void delete_accounts(Document& document, int count); // of those that settings have added
-
-// Adds the users and rules that there is room for. No operation deletes them.
 void check_lasting_settings();
-void add_users(const Document& before);
-void add_rules(const Document& before);
+void delete_accounts(Document& document, int count); // of those that settings have added
 
 // A validator returns nonzero in the low 8 bits for what it accepts.
 template <typename Result, typename Value>

@@ -66,6 +66,12 @@ void check_snmp() {
             "snmp trap server port#=-1|100#|162;"
             "snmp trap server community string#=-1|check-device|check-device",
             15, 1, "U_SnmpDelTrapIpv6");
+    for (int number = value_of(U_SnmpGetUsmSize) + 1; number <= 2; ++number) {
+        lasting_setting("U_SnmpInsUsm",
+                        "snmp settings:snmp v3 user name#=check-device-#;snmp v3 encryption key#=" +
+                            secret() + ";snmp v3 authentication password#=" + secret(),
+                        number);
+    }
     setting("U_SnmpInsUsm", "snmp settings:snmp v3");
 }
 
@@ -146,15 +152,4 @@ void check_services() {
     check_system_log();
     check_sntp();
     check_smtp();
-}
-
-void add_users(const Document& before) {
-    for (int number = 1; number <= 2; ++number) { // as many as a document holds
-        if (before.count(formatted("snmp settings:snmp v3 user name%d", number)) == 0) {
-            setting("U_SnmpInsUsm",
-                    "snmp settings:snmp v3 user name#=check-device-#;snmp v3 encryption key#=" +
-                        secret() + ";snmp v3 authentication password#=" + secret(),
-                    1, number);
-        }
-    }
 }

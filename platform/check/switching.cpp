@@ -43,32 +43,40 @@ void check_rstp() {
             g_ucMaxPhyPort);
 }
 
-// Sets the rule of a slot, whose other keys stay.
-void set_rule(int slot, const std::string& other_keys) {
-    char mac[64] = "";
-    mac_to_str(mac, reinterpret_cast<const unsigned char*>("\2\0\x5e\x10\x20\xff"));
-    setting("U_AclInsRule",
-            "acl setting:" + other_keys +
-                "acl_rule_# profile name=check|another;acl_rule_# action=Permit|Deny;"
-                "acl_rule_# source mac=|" +
-                mac + ";acl_rule_# mask of source mac=|" + mac +
-                ";acl_rule_# source ip=|192.0.2.129;acl_rule_# mask of source ip=|255.255.255.0",
-            1, slot);
-}
-
-// Only rules that exist are set: no operation deletes one.
-void check_stored_rules() {
+// No operation deletes a rule: without --fill only those that exist are set.
+void check_rules() {
     const auto insert = [](uint32_t, TstFlshAcl* rule) {
         return rule->usIndex != 0 ? U_AclInsRule(rule->usIndex, rule) : uint16_t(0);
     };
     check_getter("U_FlshGetAcl", U_FlshGetAcl, {index_up_to(33)}, insert);
-    for (uint32_t slot = 0; slot < 33; ++slot) {
+    std::set<int> slots, indexes;
+    for (int slot = 0; slot < 33; ++slot) {
         TstFlshAcl rules[2] = {};
-        if (U_FlshGetAcl(slot, rules) == 0 && rules[0].usIndex != 0) {
-            set_rule(static_cast<int>(slot), "");
+        if (U_FlshGetAcl(static_cast<uint32_t>(slot), rules) == 0 && rules[0].usIndex != 0) {
+            slots.insert(slot);
+            indexes.insert(rules[0].usIndex);
         }
     }
+    char mac[64] = "";
+    mac_to_str(mac, reinterpret_cast<const unsigned char*>("\2\0\x5e\x10\x20\xff"));
+    const std::string keys =
+        std::string("acl setting:acl_rule_# source mac=|") + mac +
+        ";acl_rule_# mask of source mac=|" + mac +
+        ";acl_rule_# source ip=|192.0.2.129;"
+        "acl_rule_# mask of source ip=|255.255.255.0;"
+        "acl_rule_# profile name=check-1|check-2;acl_rule_# action=Permit|Deny";
+    for (int slot = 0, index = 1; slot < 33; ++slot) {
+        if (slots.count(slot) > 0) {
+            setting("U_AclInsRule", keys, 1, slot);
+            continue;
+        }
+        while (indexes.count(index) > 0) {
+            ++index;
+        }
+        lasting_setting("U_AclInsRule", keys + formatted(";acl_rule_# index_id=%d", index++), slot);
+    }
     setting("U_AclInsRule", "acl setting:acl_rule_");
+    lasting_setting("U_AclInsRule", "acl setting:acl_rule_", 0);
 }
 
 bool has_vlan(unsigned id) {
@@ -155,7 +163,7 @@ void check_qos() {
 void check_switching() {
     check_rstp();
     check_vlan_header();
-    check_stored_rules();
+    check_rules();
     check_qos();
     GETTERS(U_FlshPortSecMacGet);
     setting("U_FlshPortSecMacSet", "port security setting:global_state=0|1|1");
@@ -168,21 +176,6 @@ void add_static_vlans(Document& document) {
     for (const unsigned id : {unused, unused + 2, unused + 4}) {
         if (has_vlan(id)) {
             document["static vlan table:" + std::to_string(id)] = "1";
-        }
-    }
-}
-
-void add_rules(const Document& before) {
-    std::set<std::string> used;
-    for (const auto& [key, value] : before) {
-        used.insert(key.find(" index_id") != key.npos ? value : "");
-    }
-    for (int slot = 0, index = 1; slot < 33; ++slot) {
-        if (before.count(formatted("acl setting:acl_rule_%d index_id", slot)) == 0) {
-            while (used.count(std::to_string(index)) > 0) {
-                ++index;
-            }
-            set_rule(slot, formatted("acl_rule_# index_id=%d;", index++));
         }
     }
 }
