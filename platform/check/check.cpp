@@ -206,7 +206,8 @@ void restore(const Document& wanted, const Document& before) {
     for (const auto& [key, value] : before) {
         const bool is_row = starts_with(key, "snmp settings:snmp v3") ||
                             (starts_with(key, "password:") && isdigit(key.back()) != 0);
-        if (is_row && wanted.at(key) == value) {
+        const auto same = wanted.find(key);
+        if (is_row && same != wanted.end() && same->second == value) {
             document.erase(key);
         }
     }
@@ -227,15 +228,15 @@ Document restored_part(const Document& document) {
         part.erase("port mirror setting:destination port");
     }
     for (const auto& [key, value] : document) {
-        const std::size_t slot = key.find_first_of("0123456789");
+        const std::size_t slot = std::min(key.find_first_of("0123456789"), key.size());
         const std::size_t end = std::min(key.find_first_not_of("0123456789", slot), key.size());
         const bool is_rule = starts_with(key, "acl setting:");
-        if (slot != key.npos && (is_rule || starts_with(key, "password:"))) {
-            const std::string name = is_rule ? key.substr(0, end) + " index_id"
-                                             : "password:user name" + key.substr(slot);
+        const auto name = document.find(is_rule ? key.substr(0, end) + " index_id"
+                                                : "password:user name" + key.substr(slot));
+        if (name != document.end() && (is_rule || starts_with(key, "password:"))) {
             part.erase(key);
             if (key.find("source_interface") == key.npos) {
-                part[key.substr(0, slot) + document.at(name) + key.substr(end)] = value;
+                part[key.substr(0, slot) + name->second + key.substr(end)] = value;
             }
         }
     }
@@ -363,9 +364,10 @@ void lasting_setting(const char* operation, const std::string& keys, int number)
     rows.swap(lasting_rows);
 }
 
-void check_verdict(const char* operation, bool is_good, const std::string& keys) {
+void check_verdict(const char* operation, bool is_good, const std::string& others,
+                   const std::string& keys) {
     const Document before = written_document();
-    Document document = parsed(keys);
+    Document document = parsed(others + keys);
     document.insert(before.begin(), before.end());
     const int own = code_of(before), code = code_of(document);
     report(operation, (is_good ? "accepts " : "refuses ") + keys,

@@ -126,9 +126,10 @@ void add_static_vlans(Document& document); // "static vlan table:ID", of three u
 void check_backup(); // that check accepts it
 void check_same(const Document& before);
 
-// Whether check accepts or refuses "section:key=value;another key=value" because of what an
-// operation says.
-void check_verdict(const char* operation, bool is_good, const std::string& keys);
+// Whether check accepts or refuses "key=value;another key=value" because of what an operation
+// says. The other keys, and the section, have the same form.
+void check_verdict(const char* operation, bool is_good, const std::string& others,
+                   const std::string& keys);
 void check_addresses();
 void check_vlan_lists();
 

@@ -6,6 +6,8 @@
 #include "platform/include/sntp.h"
 #include "platform/include/system_log.h"
 
+#include <cstdlib>
+
 namespace {
 
 constexpr const char* too_long = "a text that is too long for any field of names on this device";
@@ -31,7 +33,7 @@ Argument rows_of(unsigned short (*size)(uint16_t*)) {
 void check_snmp() {
     const Argument communities = rows_of(U_SnmpGetCommunitySize);
     const Argument receivers = rows_of(U_SnmpGetTrapSize), users = rows_of(U_SnmpGetUsmSize);
-    const int permission = std::stoi(accepted(Usrsnmp_check_community_permission_type));
+    const int permission = std::atoi(accepted(Usrsnmp_check_community_permission_type).c_str());
     GETTERS(U_SnmpGetEbl, U_FlshSnmpGetVer, U_FlshSnmpGetMode, U_SnmpGetCommunitySize,
             U_SnmpGetTrapSize, U_SnmpGetUsmSize);
     GETTER(U_SnmpGetCommunityEntry, communities, {}, text(16));
@@ -91,7 +93,7 @@ void check_system_log() {
     const std::string levels = accepted(Usrsyslog_check_log_level);
     GETTERS(Ui_SysLogFlashConfig);
     check_validator(NAMED(Usrsyslog_check_log_event_to_flash_status), {0, 1}, {-2, 100});
-    check_validator(NAMED(Usrsyslog_check_log_level), {std::stoi(levels)}, {-2, 256});
+    check_validator(NAMED(Usrsyslog_check_log_level), {std::atoi(levels.c_str())}, {-2, 256});
     check_validator(NAMED(Usrsyslog_check_system_log_server_status), {0, 1}, {-2, 100});
     check_validator(NAMED(Usrsyslog_check_system_log_server_ip), {"192.0.2.1"},
                     {"not an address", "256.1.1.1"});

@@ -181,9 +181,9 @@ void add_static_vlans(Document& document) {
 }
 
 void check_vlan_lists() {
-    const std::string role = "vlan setting:port1_role=";
-    check_verdict("check_vlan_data", false, role + "Neither");
-    check_verdict("check_vlan_data", false, role + "Access;port1_vlan=4093,4094");
-    check_verdict("check_vlan_data", false, role + "Trunk;port1_vlan=x");
-    check_verdict("check_vlan_data", false, role + "Trunk;port1_vlan=4095");
+    const char* own = "vlan setting:";
+    check_verdict("check_vlan_data", false, own, "port1_role=Neither");
+    check_verdict("check_vlan_data", false, own, "port1_role=Access;port1_vlan=4093,4094");
+    check_verdict("check_vlan_data", false, own, "port1_role=Trunk;port1_vlan=x");
+    check_verdict("check_vlan_data", false, own, "port1_role=Trunk;port1_vlan=4095");
 }

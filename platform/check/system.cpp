@@ -62,14 +62,14 @@ void check_system() {
 }
 
 void check_addresses() {
-    const std::string good = "network settings:static ip address=192.0.2.1;"
-                             "subnet mask=255.255.255.0;";
-    check_verdict("U_SysCheckIpMaskString", true, good + "gateway=;primary dns=");
-    check_verdict("U_SysCheckIpMaskString", false, "network settings:static ip address=256.1.1.1");
-    check_verdict("U_SysCheckIpMaskString", false, "network settings:subnet mask=mask");
-    check_verdict("U_SysCheckGatewayString", false, good + "gateway=gateway");
-    check_verdict("U_SysCheckInTheSubnet", true, good + "gateway=192.0.2.254");
-    check_verdict("U_SysCheckInTheSubnet", false, good + "gateway=198.51.100.1");
-    check_verdict("U_SysCheckDnsString", true, good + "gateway=;primary dns=192.0.2.1");
-    check_verdict("U_SysCheckDnsString", false, good + "gateway=;primary dns=server");
+    const char* good = "network settings:static ip address=192.0.2.1;subnet mask=255.255.255.0;"
+                       "gateway=192.0.2.254;primary dns=192.0.2.1;";
+    check_verdict("U_SysCheckIpMaskString", true, good, "gateway=;primary dns=");
+    check_verdict("U_SysCheckIpMaskString", false, good, "static ip address=256.1.1.1");
+    check_verdict("U_SysCheckIpMaskString", false, good, "subnet mask=mask");
+    check_verdict("U_SysCheckGatewayString", false, good, "gateway=gateway");
+    check_verdict("U_SysCheckInTheSubnet", true, good, "primary dns=");
+    check_verdict("U_SysCheckInTheSubnet", false, good, "gateway=198.51.100.1;primary dns=");
+    check_verdict("U_SysCheckDnsString", true, good, "primary dns=192.0.2.1");
+    check_verdict("U_SysCheckDnsString", false, good, "primary dns=server");
 }
