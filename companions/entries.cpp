@@ -115,7 +115,7 @@ bool Entry::is_same() const {
 void print_difference(const Entry& entry, bool about_switch) {
     const char* a = about_switch ? "document" : "A";
     const char* b = about_switch ? "switch" : "B";
-    if (entry.a.exists) {
+    if (entry.a.line_number > 0) {
         printf("line %d: ", entry.a.line_number);
     }
     printf("[");
