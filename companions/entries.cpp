@@ -8,6 +8,14 @@
 namespace {
 
 constexpr std::size_t line_size = 1024; // the library's limit
+constexpr char blanks[] = " \t\r\n\v\f";
+
+// Without the blanks at the end.
+std::size_t trimmed(const char* text, std::size_t length) {
+    for (; length > 0 && strchr(blanks, text[length - 1]) != nullptr; --length) {
+    }
+    return length;
+}
 
 // Only the first line of a message: the second is a line of the document.
 int print_message(const char* format, ...) {
@@ -22,12 +30,10 @@ int print_message(const char* format, ...) {
 // Gives its line to the entry that it sets, in this section or as the next.
 void place_line(const char* line, int number, Side Entry::*side, const char*& section) {
     char name[2 * line_size];
-    const char* text = line + strspn(line, " \t");
-    const bool opens = *text == '[';
-    text += opens ? 1 + strspn(text + 1, " \t") : 0;
-    std::size_t length = strcspn(text, opens ? "]" : "=");
-    for (; length > 0 && isspace(static_cast<unsigned char>(text[length - 1])) != 0; --length) {
-    }
+    const char* text = line + strspn(line, blanks);
+    const bool opens = *text == '[' && text[strlen(text) - 1] == ']';
+    text += opens ? 1 + strspn(text + 1, blanks) : 0;
+    const std::size_t length = trimmed(text, strcspn(text, opens ? "]" : "="));
     snprintf(name, sizeof name, "%s%s%.*s", opens ? "" : section, opens ? "" : ":",
              static_cast<int>(length), text);
     Entry* entry = find(name);
@@ -91,23 +97,26 @@ bool add_document(const char* path, Side Entry::*side) {
     for (int i = 0; i < count; ++i) {
         Entry* entry = find(ini->key[i]);
         entry = entry != nullptr ? entry : &entries[entry_count++];
-        entry->name = ini->key[i];
-        entry->key = ini->key[i];
-        entry->section = "";
-        entry->*side = {true, ini->val[i], 0};
+        if (!entry->b.exists || (entry->b.value == nullptr) == (ini->val[i] == nullptr)) {
+            entry->name = ini->key[i];
+            entry->key = ini->key[i];
+            entry->section = "";
+            entry->*side = {true, ini->val[i], 0};
+        }
     }
     const char* section = "";
     char line[line_size];
+    bool is_joined = false; // to the line before, by a backslash
     for (int number = 1; fgets(line, sizeof line, file) != nullptr; ++number) {
-        place_line(line, number, side, section);
+        const std::size_t length = trimmed(line, strlen(line));
+        line[length] = '\0';
+        if (!is_joined) {
+            place_line(line, number, side, section);
+        }
+        is_joined = length > 0 && line[length - 1] == '\\';
     }
     fclose(file);
     return true;
-}
-
-bool Entry::is_same() const {
-    return is_in_both() && (a.value == b.value || (a.value != nullptr && b.value != nullptr &&
-                                                   strcmp(a.value, b.value) == 0));
 }
 
 // Of what one lacks it shows only the switch's value: in a document, a misspelt key may

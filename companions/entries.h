@@ -3,7 +3,8 @@
 
 #include "frame/document.h"
 
-// What one document has of an entry.
+// What one document has of an entry. A section of A in place of a key of B does not
+// exist: the tool reads it as absent.
 struct Side {
     bool exists;
     const char* value; // null for a section
@@ -20,7 +21,7 @@ struct Entry {
 
     bool is_section() const { return *key == '\0'; }
     bool is_in_both() const { return a.exists && b.exists; }
-    bool is_same() const; // whether both have it, with the same value
+    bool is_same() const { return is_in_both() && (is_section() || strcmp(a.value, b.value) == 0); }
 };
 
 // In the order in which they are added; an empty one follows.

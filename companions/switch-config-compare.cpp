@@ -13,7 +13,7 @@ bool is_about_switch; // -s: B is a backup of it
 bool is_about_loss;   // -c: only what makes A incomplete
 
 // -x: sections. The clock differs in every backup, and restore never sets it.
-const char* left_out[10] = {"sntp setting:date", "sntp setting:time"};
+const char* left_out[11] = {"sntp setting:date", "sntp setting:time"};
 
 bool is_left_out(const char* name) {
     for (const char* other : left_out) {
@@ -86,9 +86,9 @@ bool read_options(int argc, char** argv) {
     for (int option = 0; (option = getopt(argc, argv, "csx:")) != -1;) {
         is_about_loss |= option == 'c';
         is_about_switch |= option == 's';
-        if (option == 'x' && count < std::size(left_out)) {
-            left_out[count++] = optarg;
-        } else if (option == 'x' || option == '?') {
+        left_out[count] = optarg;
+        count += option == 'x' ? 1 : 0;
+        if (option == '?' || count == std::size(left_out)) {
             return false;
         }
     }

@@ -22,21 +22,10 @@ constexpr const char* meanings[] = {
 
 time_t end_of_search;
 
-// In a file without a name, since it holds secrets.
-bool add_backup() {
-    FILE* file = tmpfile();
-    if (file == nullptr) {
-        return false;
-    }
-    write_sections(file);
-    return fflush(file) == 0 &&
-           add_document(EntryName("/proc/self/fd/%d", fileno(file)), &Entry::b);
-}
-
 // The code that check reports when the entries from first to last are the document's too,
-// 0 if all passes, -1 if there is no memory.
+// or 0 if all passes.
 int try_ours(int first, int last) {
-    char code[16] = "-1";
+    char code[16] = "";
     dictionary* ini = dictionary_new(static_cast<size_t>(entry_count));
     for (int i = 0; i < entry_count; ++i) {
         const Entry& entry = entries[i];
@@ -45,11 +34,9 @@ int try_ours(int first, int last) {
             dictionary_set(ini, entry.name, side.value);
         }
     }
-    FILE* report = fmemopen(code, sizeof code, "w+"); // which empties it
-    if (report != nullptr) {
-        check_sections(ini, report);
-        fclose(report);
-    }
+    FILE* report = fmemopen(code, sizeof code, "w");
+    check_sections(ini, report);
+    fclose(report);
     dictionary_del(ini);
     return atoi(code);
 }
@@ -140,7 +127,12 @@ int main(int argc, char** argv) {
     init_umdev(0);
     initdef();
     port_init();
-    const bool can_search = add_backup();
+    FILE* backup = tmpfile(); // without a name, since it holds secrets
+    if (backup != nullptr) {
+        write_sections(backup);
+    }
+    const bool can_search = backup != nullptr && fflush(backup) == 0 &&
+                            add_document(EntryName("/proc/self/fd/%d", fileno(backup)), &Entry::b);
     const bool is_open = add_document(optind < argc ? argv[optind] : restore_path, &Entry::a);
     const int code = is_open ? try_ours(0, entry_count) : USR_RET_INI_RESTORE_FILE_NOT_EXISTED;
     if (code == 0) {

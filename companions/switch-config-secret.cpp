@@ -42,8 +42,6 @@ bool read_line(Input& input) {
     return false;
 }
 
-void give_up(int) {} // the read then fails
-
 // A signal ends the line, as it must not leave the terminal without echo.
 bool ask(const char* prompt, Input& input) {
     termios terminal;
@@ -53,7 +51,7 @@ bool ask(const char* prompt, Input& input) {
     termios silent = terminal;
     silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
     struct sigaction action = {};
-    action.sa_handler = give_up;
+    action.sa_handler = [](int) {}; // the read then fails
     for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGTSTP}) {
         sigaction(number, &action, nullptr);
     }
@@ -73,9 +71,9 @@ bool is_valid(const char* secret, const Kind& kind) {
 int encode(const Kind& kind) {
     Input input;
     Input again;
-    const bool is_typed = isatty(STDIN_FILENO) != 0; // and nobody sees it
     if (!ask("Secret", input) || !is_valid(input.chars, kind) ||
-        (is_typed && (!ask("Again", again) || strcmp(input.chars, again.chars) != 0))) {
+        (isatty(STDIN_FILENO) != 0 &&
+         (!ask("Again", again) || strcmp(input.chars, again.chars) != 0))) {
         fprintf(stderr, "switch-config-secret: %s takes %s, the same twice at a terminal\n",
                 kind.name, kind.takes);
         return 1;
