@@ -121,6 +121,7 @@ inline const std::string texts_of_31 = "a.example.com|0123456789abcdefghi.exampl
 using Document = std::map<std::string, std::string>; // "section:key" in lower case
 
 Document written_document();
+void move_rows_up(Document& document, const std::string& key, int number); // to this one
 void add_static_vlans(Document& document); // "static vlan table:ID", of three unused IDs
 
 void check_backup(); // that check accepts it
@@ -136,7 +137,11 @@ void check_vlan_lists();
 // Restores the values of the settings, and at the end the old ones.
 void check_settings();
 void check_lasting_settings();
-void delete_accounts(Document& document, int count); // of those that settings have added
+
+// Delete rows that settings have added: accounts, and a community and a receiver in the
+// middle, behind which the others move up.
+void delete_accounts(Document& document, int count);
+void delete_snmp_rows(Document& document);
 
 // A validator returns nonzero in the low 8 bits for what it accepts.
 template <typename Result, typename Value>

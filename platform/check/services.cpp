@@ -1,5 +1,6 @@
 #include "codec/secret_codec.h"
 #include "platform/check/check.h"
+#include "platform/include/converters.h"
 #include "platform/include/modbus.h"
 #include "platform/include/smtp.h"
 #include "platform/include/snmp.h"
@@ -147,6 +148,23 @@ void check_smtp() {
 }
 
 } // namespace
+
+void delete_snmp_rows(Document& document) {
+    const std::string name = document["snmp settings:snmp community string8"];
+    ip_addr_t address = {};
+    if (name != "check-device-8" ||
+        str_to_ipaddr(&address, document["snmp settings:snmp trap server ip8"].c_str()) != 0) {
+        return; // the tables are empty in this turn
+    }
+    const int port = std::atoi(document["snmp settings:snmp trap server port8"].c_str());
+    U_SnmpDelCommunity(name.c_str());
+    U_SnmpDelTrapIpv6(&address, static_cast<uint16_t>(port));
+    for (const char* key :
+         {"snmp community string", "snmp community permission type", "snmp trap server ip",
+          "snmp trap server port", "snmp trap server community string"}) {
+        move_rows_up(document, std::string("snmp settings:") + key, 8);
+    }
+}
 
 void check_services() {
     check_snmp();
