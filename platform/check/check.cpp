@@ -169,7 +169,7 @@ Document written_document() {
     if (ini == nullptr) {
         return document;
     }
-    for (ssize_t i = 0; i < ini->size; ++i) {
+    for (int i = 0; i < static_cast<int>(ini->size); ++i) {
         if (ini->key[i] != nullptr && ini->val[i] != nullptr) {
             document[ini->key[i]] = ini->val[i];
         }
