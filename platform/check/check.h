@@ -2,80 +2,98 @@
 // the Test Anything Protocol. No secret is ever printed.
 #pragma once
 
-#include "frame/document.h"
-
+#include <array>
 #include <csignal>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
 #include <functional>
 #include <initializer_list>
-#include <map>
 #include <string>
 #include <tuple>
 #include <type_traits>
 #include <vector>
 
-inline int tried = 0, failed = 0;              // lines printed
-inline volatile std::sig_atomic_t stopped = 0; // the signal that asked to stop, or 0
+extern int tried, failed;                  // lines printed
+extern volatile std::sig_atomic_t stopped; // the signal that asked to stop, or 0
+
+// What reads is tried at once. What sets waits until all of that is well: first what can
+// be undone, then what cannot.
+extern std::vector<std::function<void()>> writes, fills;
 
 [[gnu::format(printf, 1, 2)]] std::string formatted(const char* format, ...);
 std::string hex(const void* bytes, std::size_t size);
 
 // The outcome is empty when all is well, "SKIP ..." when nothing could be judged, and
 // for a fault "expected ..., seen ...".
-void report(const char* operation, const std::string& what, const std::string& outcome);
-void expect(const char* operation, const std::string& what, const std::string& expected,
+void report(const char* operation, const char* what, const std::string& outcome);
+void expect(const char* operation, const char* what, const std::string& expected,
             const std::string& seen);
+void expect(const char* operation, const char* what, long expected, long seen);
 
-// An argument becomes whatever an operation takes: for a getter that takes a pointer, an
-// output with guard bytes after it, and for its setter what has been read into that.
+// An argument of a getter and its setter. It becomes whatever they take: for a getter
+// that takes a pointer, an output with guard bytes after it.
 struct Argument {
-    unsigned long number; // passed by value
-    unsigned long end;    // of an index: each from the number up to here
-    bool is_index;
-    // The bytes of an output: 'n' in a number or an array, 't' in a text, 'r' in a record,
-    // which may have gaps. Empty: as its type says.
-    std::string kinds;
-    std::string memory = {}; // of an output, after a call
+    std::array<unsigned long, 2> numbers = {}; // to set; the first is what is passed by value
+    bool is_index = false;                     // by value: each from the first up to the second
+    bool is_switch = false;                    // while it is 0, no other argument counts
+    // An output that is no number: which bytes count ('t' in a text, else not zero), and
+    // what to set.
+    std::string counts = {};
+    std::array<std::string, 2> values = {};
+    std::string memory = {}; // during a call
     char fill = '\0';
 
-    Argument(unsigned long value = 0, unsigned long limit = 0, bool runs = false,
-             const std::string& bytes = "")
-        : number(value), end(limit), is_index(runs), kinds(bytes) {}
+    Argument(unsigned long first = 0, unsigned long second = 0, bool runs = false)
+        : numbers{first, second}, is_index(runs) {}
+    Argument(const std::string& counting, const std::string& first, const std::string& second)
+        : counts(counting), values{first, second} {}
 
-    void* output(std::size_t width, char kind);
+    void* at(std::size_t width, bool is_given);
     unsigned long input() const;
     template <typename Type>
     explicit operator Type() {
         if constexpr (std::is_pointer_v<Type>) {
             using Pointee = std::remove_pointer_t<Type>;
-            return static_cast<Type>(output(sizeof(Pointee), std::is_class_v<Pointee> ? 'r' : 'n'));
+            return static_cast<Type>(at(sizeof(Pointee), std::is_const_v<Pointee>));
         } else if constexpr (std::is_class_v<Type>) {
-            return *static_cast<Type*>(output(sizeof(Type), 'r'));
+            return *static_cast<Type*>(at(sizeof(Type), true));
         } else {
             return static_cast<Type>(input());
         }
     }
 };
+using Arguments = std::vector<Argument>;
 
 inline Argument index_up_to(unsigned long end, unsigned long first = 0) {
     return {first, end, true};
 }
 
-inline Argument bytes(std::size_t width, char kind = 'n') {
-    return {0, 0, false, std::string(width, kind)};
-}
+Argument text(std::size_t width, char separator = '.');
+Argument bytes(std::size_t width, std::size_t counting, char first = 0, char second = 0);
+Argument given(const std::string& text); // to a converter
+Argument turned_on();                    // and when the old value is off, nothing else counts
+unsigned long ip(const char* text);
+Argument hosts(); // IPv4 addresses
 
-inline Argument text(std::size_t width) {
-    return bytes(width, 't');
+// The record for counts is a static one, so that its padding is zero.
+template <typename Record>
+Argument record(const Record& counts, const Record& first = {}, const Record& second = {}) {
+    const auto bytes_of = [](const Record& from) {
+        return std::string(reinterpret_cast<const char*>(&from), sizeof from);
+    };
+    return {bytes_of(counts), bytes_of(first), bytes_of(second)};
 }
 
 // A function or a lambda of any type. It takes as many arguments as it has parameters.
 struct Operation {
-    std::function<int(Argument*)> call = {};
+    const char* name;
+    std::function<int(Argument*)> call;
 
-    Operation() = default;
     template <typename Result, typename... Types>
-    Operation(Result (*function)(Types...))
-        : call([function](Argument* argument) {
+    Operation(const char* title, Result (*function)(Types...))
+        : name(title), call([function](Argument* argument) {
               const auto next = [&argument]() -> Argument& { return *argument++; };
               const std::tuple<Types...> passed{static_cast<Types>(next())...};
               if constexpr (std::is_void_v<Result>) {
@@ -85,76 +103,55 @@ struct Operation {
               }
           }) {}
     template <typename Lambda>
-    Operation(Lambda lambda) : Operation(+lambda) {}
+    Operation(const char* title, Lambda lambda) : Operation(title, +lambda) {}
 };
 
 // A getter writes the full width of its outputs and no more, returns the same twice, and
-// writes nothing when it fails. Arguments that are not given are numbers and records. Where
-// a document does not hold all that there is, a setter puts back what the getter has read.
-void check_getter(const char* name, const Operation& get,
-                  const std::vector<Argument>& arguments = {}, const Operation& set = {});
-void check_getters(const std::string& names, const std::vector<Operation>& getters);
+// writes nothing when it fails.
+void check_getter(const Operation& get, const Arguments& arguments);
+
+// The same, and with --write it returns what has been set.
+void check_setting(const Operation& get, const Operation& set, const Arguments& arguments);
 
 #define NAMED(function) #function, function
-#define GETTER(get, ...) check_getter(NAMED(get), {__VA_ARGS__})
-#define GETTERS(...) check_getters(#__VA_ARGS__, {__VA_ARGS__})
-#define KEPT(get, set, ...) check_getter(NAMED(get), {__VA_ARGS__}, set)
+#define GETTER(get, ...) check_getter({NAMED(get)}, {__VA_ARGS__})
+#define SETTING(get, set, ...) check_setting({NAMED(get)}, {NAMED(set)}, {__VA_ARGS__})
 
-// What restore is tried with, "section:key=first|second|third;another key=..." in lower
-// case. All keys get their first value, then the second, and so on; -1 stands for a document
-// without the key. Of keys that count, # is the number in key and value; if they have two
-// values, some numbers get one and some the other at a time, so that a port that also sets
-// another is noticed. Keys without values are not set, but a change of what begins with them
-// is a fault of the operation.
-//
-// Restore empties and fills a table, whose first value is -1. Then remove is the operation
-// that deletes a row.
-void setting(const char* operation, const std::string& keys, int count = 0, int first = 1,
-             const char* remove = nullptr);
+// What backup writes, but for the clock and the ports of mirroring, which may be off.
+using Lines = std::vector<std::string>;
+FILE* written_document();
+Lines document_lines();
+std::string difference(const Lines& expected, const Lines& seen);
 
-// One for --fill, in a row that no operation deletes.
-void lasting_setting(const char* operation, const std::string& keys, int number);
+// Inserts or removes a row by its number.
+struct Change {
+    const char* name;
+    std::function<void(unsigned)> make;
+};
 
-inline const std::string texts_of_29 = "a.example.com|0123456789abcdefghi.a.example";
-inline const std::string texts_of_31 = "a.example.com|0123456789abcdefghi.example.com";
+// The numbers of the rows to add, and what backup writes in the section for each, with #
+// for the number.
+struct Rows {
+    std::vector<unsigned> numbers;
+    std::string section;
+    Lines lines;
+};
 
-using Document = std::map<std::string, std::string>; // "section:key" in lower case
+std::vector<unsigned> numbers_of(int count, unsigned first);
 
-Document written_document();
-void move_rows_up(Document& document, const std::string& key, int number); // to this one
-void add_static_vlans(Document& document); // "static vlan table:ID", of three unused IDs
+// With --write: fills the table, deletes from its middle, and then the other added rows.
+void check_table(const Change& insert, const Change& remove, const Rows& rows);
 
-void check_backup(); // that check accepts it
-void check_same(const Document& before);
-
-// Whether check accepts or refuses "key=value;another key=value" because of what an operation
-// says. The other keys, and the section, have the same form.
-void check_verdict(const char* operation, bool is_good, const std::string& others,
-                   const std::string& keys);
-void check_addresses();
-void check_vlan_lists();
-
-// Restores the values of the settings, and at the end the old ones.
-void check_settings();
-void check_lasting_settings();
-
-// Delete rows that settings have added: accounts, and a community and a receiver in the
-// middle, behind which the others move up.
-void delete_accounts(Document& document, int count);
-void delete_snmp_rows(Document& document);
+// With --fill: fills a table whose rows no operation deletes.
+void check_lasting_table(const Change& insert, const Rows& rows);
 
 // A validator returns nonzero in the low 8 bits for what it accepts.
-template <typename Result, typename Value>
-bool is_accepted(Result (*accepts)(Value), Value value) {
-    return static_cast<char>(accepts(value)) != 0;
-}
-
 template <typename Result, typename Value, typename Values = std::initializer_list<Value>>
-void check_validator(const char* name, Result (*accepts)(Value), Values usual, Values wrong) {
+void check_validator(const char* name, Result (*accepts)(Value), Values own, Values wrong) {
     const auto verdict = [accepts](Value value) {
-        return is_accepted(accepts, value) ? "another" : "0 in the low 8 bits";
+        return static_cast<char>(accepts(value)) == 0 ? "0 in the low 8 bits" : "another";
     };
-    for (const Value value : usual) {
+    for (const Value value : own) {
         expect(name, "accepts what the device has, or a usual value", "another", verdict(value));
     }
     for (const Value value : wrong) {
@@ -162,16 +159,29 @@ void check_validator(const char* name, Result (*accepts)(Value), Values usual, V
     }
 }
 
-// The first two numbers that a validator accepts, as values of a setting.
+// The first two numbers that a validator accepts, or twice the only one.
 template <typename Result>
-std::string accepted(Result (*accepts)(int)) {
-    std::string found;
-    for (int value = 0; value < 0x10000 && found.find('|') == found.npos; ++value) {
-        if (is_accepted(accepts, value)) {
-            found += (found.empty() ? "" : "|") + std::to_string(value);
+Argument accepted(Result (*accepts)(int)) {
+    std::array<unsigned long, 2> found = {};
+    for (unsigned long value = 0x10000, count = 0; value-- > 0;) {
+        if (static_cast<char>(accepts(static_cast<int>(value))) != 0) {
+            found = {value, count++ == 0 ? value : found[0]};
         }
     }
-    return found;
+    return {found[0], found[1]};
+}
+
+template <typename Result>
+int usual(Result (*accepts)(int)) {
+    return static_cast<int>(accepted(accepts).numbers[0]);
+}
+
+// What a getter with one output reads, with room for one that writes too much.
+template <typename Result, typename Value>
+Value value_of(Result (*get)(Value*)) {
+    Value values[64] = {};
+    get(values);
+    return values[0];
 }
 
 // The groups of headers, one file each.

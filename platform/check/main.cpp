@@ -11,12 +11,6 @@
 
 #include <unistd.h>
 
-// Called in place of what nothing reads back: see CMakeLists.txt.
-extern "C" int not_called();
-int not_called() {
-    return 0;
-}
-
 namespace {
 
 void stop(int number) {
@@ -27,6 +21,20 @@ void start_up() {
     init_umdev(0);
     initdef();
     port_init();
+}
+
+// The code that check reports for the document of a backup, or 0.
+int code_of_backup() {
+    FILE* document = written_document();
+    FILE* error_file = tmpfile();
+    dictionary* ini = load_document(formatted("/proc/self/fd/%d", fileno(document)).c_str());
+    int code = ini == nullptr || error_file == nullptr ? 211 : 0;
+    if (code == 0 && check_sections(ini, error_file) != 0) {
+        rewind(error_file);
+        code = fscanf(error_file, "%d", &code) == 1 ? code : -1;
+    }
+    iniparser_freedict(ini);
+    return code;
 }
 
 // Another process, for which the library is loaded anew, gets the key on its standard
@@ -59,17 +67,21 @@ void check_all(const std::string& option) {
         return report("backup", "check accepts the document",
                       "SKIP a try above fails, so nothing is set either");
     }
-    const Document before = written_document();
-    check_backup();
-    check_addresses();
-    check_vlan_lists();
+    const Lines before = document_lines();
+    const int code = code_of_backup();
+    report("backup", "check accepts the document",
+           code == 0 || (code == 294 && g_ucMaxPhyPort < 8)
+               ? ""
+               : formatted("expected no code, seen %d: see docs/porting.md", code));
     const bool is_writing = !option.empty() && failed == 0;
-    if (is_writing) {
-        check_settings();
+    for (std::size_t i = 0; i < writes.size() && is_writing && stopped == 0; ++i) {
+        writes[i]();
     }
-    check_same(before);
-    if (is_writing && option == "--fill" && stopped == 0) {
-        check_lasting_settings();
+    report("backup", "the document is the same before and after",
+           difference(before, document_lines()));
+    for (std::size_t i = 0; i < fills.size() && is_writing && option == "--fill" && stopped == 0;
+         ++i) {
+        fills[i]();
     }
 }
 

@@ -1,175 +1,154 @@
 #include "codec/secret_codec.h"
 #include "platform/check/check.h"
-#include "platform/include/converters.h"
 #include "platform/include/modbus.h"
 #include "platform/include/smtp.h"
 #include "platform/include/snmp.h"
 #include "platform/include/sntp.h"
 #include "platform/include/system_log.h"
 
-#include <cstdlib>
-
 namespace {
 
-constexpr const char* too_long = "a text that is too long for any field of names on this device";
+constexpr const char* long_text = "a text that is too long for any field of names on this device";
 
-std::string secret() {
-    char text[encrypted_size] = {};
-    encrypt_snmp_key("password-1", text);
-    return text;
+std::string name(unsigned n) {
+    return "check-device-" + std::to_string(n); // fills its field
 }
 
-// What a getter with one output reads, with room for one that writes too much.
-template <typename Result, typename Value>
-int value_of(Result (*get)(Value*)) {
-    Value values[64] = {};
-    get(values);
-    return static_cast<int>(values[0]);
+void check_communities() {
+    const unsigned long permission = accepted(Usrsnmp_check_community_permission_type).numbers[0];
+    const auto insert = [permission](unsigned n) {
+        U_SnmpInsCommunity(static_cast<uint8_t>(permission), name(n).c_str());
+    };
+    const auto remove = [](unsigned n) { U_SnmpDelCommunity(name(n).c_str()); };
+    const Lines lines = {"snmp community string = \"check-device-#\" ;",
+                         formatted("snmp community permission type = %lu ;", permission)};
+    check_table({"U_SnmpInsCommunity", insert}, {"U_SnmpDelCommunity", remove},
+                {numbers_of(15 - value_of(U_SnmpGetCommunitySize), 10), "[snmp settings] ", lines});
 }
 
-Argument rows_of(unsigned short (*size)(uint16_t*)) {
-    return index_up_to(static_cast<unsigned long>(value_of(size)));
+// Address and port identify a receiver: either all have one address, or one port.
+template <auto change, bool one_address>
+void change_receiver(unsigned n) {
+    ip_addr_t address = {};
+    str_to_ipaddr(&address, formatted("192.0.2.%u", one_address ? 10 : n).c_str());
+    change(&address, static_cast<uint16_t>(one_address ? 1000 + n : 162), "check-community");
+}
+
+unsigned short delete_receiver(const ip_addr_t* address, uint16_t port, const char*) {
+    return U_SnmpDelTrapIpv6(address, port);
+}
+
+template <auto insert, bool one_address>
+void check_receivers(const char* title) {
+    const std::string address = one_address ? "10" : "#", port = one_address ? "10#" : "162";
+    const Lines lines = {"snmp trap server ip = \"192.0.2." + address + "\" ;",
+                         "snmp trap server port = " + port + " ;",
+                         "snmp trap server community string = \"check-community\" ;"};
+    check_table({title, change_receiver<insert, one_address>},
+                {"U_SnmpDelTrapIpv6", change_receiver<delete_receiver, one_address>},
+                {numbers_of(15 - value_of(U_SnmpGetTrapSize), 10), "[snmp settings] ", lines});
+}
+
+void check_users() {
+    char secret[encrypted_size] = {};
+    encrypt_snmp_key("password-1", secret);
+    const auto insert = [](unsigned n) {
+        U_SnmpInsUsm(name(n).c_str(), SNMP_USM_AUTH_MD5, "password-1", SNMP_USM_PRIV_DES,
+                     "password-1");
+    };
+    const Lines lines = {"snmp v user name = \"check-device-#\" ;",
+                         formatted("snmp v authentication password = \"%s\" ;", secret),
+                         formatted("snmp v encryption key = \"%s\" ;", secret)};
+    // Two are as many as a document holds. How many more there may be, the device knows.
+    const int room = value_of(U_SnmpGetUsmSize) < 2 ? 15 : 0;
+    check_lasting_table({"U_SnmpInsUsm", insert},
+                        {numbers_of(room, 10), "[snmp settings] ", lines});
 }
 
 void check_snmp() {
-    const Argument communities = rows_of(U_SnmpGetCommunitySize);
-    const Argument receivers = rows_of(U_SnmpGetTrapSize), users = rows_of(U_SnmpGetUsmSize);
-    const int permission = std::atoi(accepted(Usrsnmp_check_community_permission_type).c_str());
-    GETTERS(U_SnmpGetEbl, U_FlshSnmpGetVer, U_FlshSnmpGetMode, U_SnmpGetCommunitySize,
-            U_SnmpGetTrapSize, U_SnmpGetUsmSize);
-    GETTER(U_SnmpGetCommunityEntry, communities, {}, text(16));
-    GETTER(U_SnmpGetTrapIpv6Entry, receivers, {}, {}, text(16));
-    GETTER(U_FlshSnmpGetTrapIpv6Entry, receivers, {}, {}, text(16));
-    GETTER(U_FlshSnmpGetUsmEntry, users, text(16), {}, text(32), {}, text(32));
-    check_validator(NAMED(Usrsnmp_check_snmp_enable), {0, 1}, {-2, 100});
+    static const ip_addr_t ipv4 = {0xffff, {{1, 1, 1, 1}}};
+    char secret[encrypted_size] = {};
+    encrypt_snmp_key("password-1", secret);
+    const Argument address = record(ipv4);
+    const Argument receivers = index_up_to(value_of(U_SnmpGetTrapSize));
+    SETTING(U_SnmpGetEbl, U_SnmpSetEbl, {0, 1});
+    SETTING(U_FlshSnmpGetVer, U_FlshSnmpSetVer, accepted(Usrflsh_check_snmp_version));
+    SETTING(U_FlshSnmpGetMode, U_FlshSnmpSetMode, {0, 1});
+    GETTER(U_SnmpGetCommunitySize, {});
+    GETTER(U_SnmpGetTrapSize, {});
+    GETTER(U_SnmpGetUsmSize, {});
+    GETTER(U_SnmpGetCommunityEntry, index_up_to(value_of(U_SnmpGetCommunitySize)), {}, text(16));
+    GETTER(U_SnmpGetTrapIpv6Entry, receivers, address, {}, text(16));
+    GETTER(U_FlshSnmpGetTrapIpv6Entry, receivers, address, {}, text(16));
+    GETTER(U_FlshSnmpGetUsmEntry, index_up_to(value_of(U_SnmpGetUsmSize)), text(16), {}, text(32),
+           {}, text(32));
+    check_validator(NAMED(Usrsnmp_check_snmp_enable), {value_of(U_SnmpGetEbl)}, {-2, 100});
     check_validator(NAMED(Usrflsh_check_snmp_version), {value_of(U_FlshSnmpGetVer)}, {-2, 256});
-    check_validator(NAMED(Usrflsh_check_snmp_trap_mode), {0, 1}, {-2, 256});
-    check_validator(NAMED(Usrsnmp_check_community_string), {"public"}, {too_long});
-    check_validator(NAMED(Usrsnmp_check_community_permission_type), {permission}, {-2, 256});
+    check_validator(NAMED(Usrflsh_check_snmp_trap_mode), {value_of(U_FlshSnmpGetMode)}, {-2, 256});
+    check_validator(NAMED(Usrsnmp_check_community_string), {"public"}, {long_text});
+    check_validator(NAMED(Usrsnmp_check_community_permission_type),
+                    {usual(Usrsnmp_check_community_permission_type)}, {-2, 256});
     check_validator(NAMED(Usrsnmp_check_trap_server_ip), {"192.0.2.1"}, {"not an address"});
     check_validator(NAMED(Usrsnmp_check_trap_server_port), {162}, {-2, 65536});
-    check_validator(NAMED(Usrsnmp_check_trap_community_string), {"public"}, {too_long});
-    check_validator(NAMED(Usrflsh_check_snmpV3_userName), {"user"}, {too_long});
-    check_validator(NAMED(Usrflsh_check_snmpV3_authentication_password), {secret().c_str()},
-                    {"0123", too_long});
-    check_validator(NAMED(Usrflsh_check_snmpV3_encryption_key), {secret().c_str()},
-                    {"0123", too_long});
-    setting("U_SnmpSetEbl", "snmp settings:snmp=0|1");
-    setting("U_FlshSnmpSetVer",
-            "snmp settings:snmp version=" + accepted(Usrflsh_check_snmp_version));
-    setting("U_FlshSnmpSetMode", "snmp settings:snmp trap mode=0|0|1");
-    setting("U_SnmpInsCommunity",
-            formatted("snmp settings:snmp community string#=-1|check-device-#|check-device-#;"
-                      "snmp community permission type#=-1|%d|%d",
-                      permission, permission),
-            15, 1, "U_SnmpDelCommunity");
-    // In turn none, receivers of one address and others of one port.
-    setting("U_SnmpInsTrapIpv6 and U_SnmpInsInformIpv6",
-            "snmp settings:snmp trap server ip#=-1|192.0.2.10|192.0.2.#;"
-            "snmp trap server port#=-1|100#|162;"
-            "snmp trap server community string#=-1|check-device|check-device",
-            15, 1, "U_SnmpDelTrapIpv6");
-    for (int number = value_of(U_SnmpGetUsmSize) + 1; number <= 2; ++number) {
-        lasting_setting("U_SnmpInsUsm",
-                        "snmp settings:snmp v3 user name#=check-device-#;snmp v3 encryption key#=" +
-                            secret() + ";snmp v3 authentication password#=" + secret(),
-                        number);
+    check_validator(NAMED(Usrsnmp_check_trap_community_string), {"public"}, {long_text});
+    check_validator(NAMED(Usrflsh_check_snmpV3_userName), {"user"}, {long_text});
+    check_validator(NAMED(Usrflsh_check_snmpV3_authentication_password), {secret},
+                    {"0123", long_text});
+    check_validator(NAMED(Usrflsh_check_snmpV3_encryption_key), {secret}, {"0123", long_text});
+    check_communities();
+    check_receivers<U_SnmpInsTrapIpv6, true>("U_SnmpInsTrapIpv6");
+    check_receivers<U_SnmpInsInformIpv6, false>("U_SnmpInsInformIpv6");
+    check_users();
+}
+
+// These two in the order of restore.
+unsigned short set_modbus(int enabled) {
+    const unsigned short result = U_SysSetModbusEnabled(enabled);
+    return enabled == 1 ? U_SysExecuteModbus(1) : result;
+}
+
+unsigned short set_modbus_port(int port) {
+    if (value_of(U_SysGetModbusEnabled) == 0) {
+        return U_SysSetModbusPort(port);
     }
-    setting("U_SnmpInsUsm", "snmp settings:snmp v3");
-}
-
-void check_modbus() {
-    const int address = value_of(U_SysGetModbusAddr), port = value_of(U_SysGetModbusPort);
-    GETTERS(U_SysGetModbusAddr, U_SysGetModbusEnabled, U_SysGetModbusPort);
-    check_validator(NAMED(Usrmodbus_check_modbus_addr), {address}, {-2, 256});
-    check_validator(NAMED(Usrmodbus_check_modbus_enable), {0, 1}, {-2, 100});
-    check_validator(NAMED(Usrmodbus_check_modbus_port), {port}, {-2, 65536});
-    setting("U_SysSetModbusAddr",
-            "modbus tcp settings:modbus address=" + accepted(Usrmodbus_check_modbus_addr));
-    setting("U_SysSetModbusEnabled", "modbus tcp settings:modbus=0|1");
-    setting("U_SysSetModbusPort", "modbus tcp settings:modbus port=503|65535");
-}
-
-void check_system_log() {
-    const std::string levels = accepted(Usrsyslog_check_log_level);
-    GETTERS(Ui_SysLogFlashConfig);
-    check_validator(NAMED(Usrsyslog_check_log_event_to_flash_status), {0, 1}, {-2, 100});
-    check_validator(NAMED(Usrsyslog_check_log_level), {std::atoi(levels.c_str())}, {-2, 256});
-    check_validator(NAMED(Usrsyslog_check_system_log_server_status), {0, 1}, {-2, 100});
-    check_validator(NAMED(Usrsyslog_check_system_log_server_ip), {"192.0.2.1"},
-                    {"not an address", "256.1.1.1"});
-    check_validator(NAMED(Usrsyslog_check_system_log_server_port), {514}, {-2, 65536});
-    setting("Ui_SysLogSet", "system log settings:system log event to flash=0|1;"
-                            "system log server=0|1;system log server ip=192.0.2.10|192.0.2.129;"
-                            "system log server port=1|65535;system log level=" +
-                                levels);
-}
-
-// Which kind of server it is, nothing sets.
-void check_sntp() {
-    char by_hand[64] = {}, is_address[64] = {}, names[2][96] = {};
-    U_FlshntpIpDmStrngGet(by_hand, is_address, names[0], names[1]);
-    GETTER(U_FlshntpIpDmStrngGet, {}, {}, text(32), text(32));
-    KEPT(U_SysGetMSNTP, U_SysSetMSNTP, {}, {}, text(32), text(32), {}, 0);
-    KEPT(U_SysGetDaylight, U_SysSetDaylight);
-    if (by_hand[0] == 0) {
-        setting("U_SysSetMSNTP",
-                "sntp setting:ntp server=0|0|-1;ntp public server#=" + texts_of_31 + "|-1", 2);
-    } else {
-        const std::string form = is_address[0] == 1 ? "1|1|-1;" : "0|0|-1;";
-        setting("U_SysSetMSNTP", "sntp setting:ntp server=1|1|-1;ip/domain=" + form +
-                                     "ntp manual server name=" + texts_of_31 + "|-1");
-    }
-    setting("U_SysSetMSNTP", "sntp setting:time and date setting :mode=1|1|0;time zone=0|62|-1;"
-                             "time server query period (sec)=60|86400|-1");
-    setting("U_SysSetDaylight", "sntp setting:daylight saving :enable state=1|1|0;offset=1|2|-1;"
-                                "start date(month)=3|4|-1;start date(week)=1|2|-1;"
-                                "start date(day)=0|1|-1;start date(hour)=1|2|-1;"
-                                "end date(month)=9|10|-1;end date(week)=1|2|-1;"
-                                "end date(day)=0|1|-1;end date(hour)=1|2|-1");
-}
-
-void check_smtp() {
-    GETTERS(U_FlshSmtpGetTLS);
-    KEPT(U_FlshSmtpGetServer, U_FlshSmtpSetServer, text(32), 32);
-    KEPT(U_FlshSmtpGetSendAdd, U_FlshSmtpSetSendAdd, text(32), 32);
-    KEPT(U_FlshSmtpGetSubject, U_FlshSmtpSetSubject, text(32), 32);
-    KEPT(U_FlshSmtpGetUnamePwd, U_FlshSmtpSetUnamePwd, {}, text(32), text(16));
-    KEPT(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd, text(32), text(32), text(32), text(32));
-    const std::string addresses = "a@example.com|0123456789abcdefghi@example.com";
-    setting("U_FlshSmtpSetServer", "smtp setting:smtp server=" + texts_of_31);
-    setting("U_FlshSmtpSetSendAdd", "smtp setting:sender address=" + addresses);
-    setting("U_FlshSmtpSetSubject", "smtp setting:subject of mail=" + texts_of_31);
-    setting("U_FlshSmtpSetUnamePwd", "smtp setting:authentication=0|1;"
-                                     "password=password-1|password-of-15.;username=" +
-                                         texts_of_31);
-    setting("U_FlshSmtpSetTLS", "smtp setting:tls/ssl=0|1");
-    setting("U_FlshSmtpSetRecAdd", "smtp setting:mail recipient#=" + addresses, 4);
+    U_SysSetModbusEnabled(0);
+    const unsigned short result = U_SysSetModbusPort(port);
+    U_SysSetModbusEnabled(1);
+    return result;
 }
 
 } // namespace
 
-void delete_snmp_rows(Document& document) {
-    const std::string name = document["snmp settings:snmp community string8"];
-    ip_addr_t address = {};
-    if (name != "check-device-8" ||
-        str_to_ipaddr(&address, document["snmp settings:snmp trap server ip8"].c_str()) != 0) {
-        return; // the tables are empty in this turn
-    }
-    const int port = std::atoi(document["snmp settings:snmp trap server port8"].c_str());
-    U_SnmpDelCommunity(name.c_str());
-    U_SnmpDelTrapIpv6(&address, static_cast<uint16_t>(port));
-    for (const char* key :
-         {"snmp community string", "snmp community permission type", "snmp trap server ip",
-          "snmp trap server port", "snmp trap server community string"}) {
-        move_rows_up(document, std::string("snmp settings:") + key, 8);
-    }
-}
-
 void check_services() {
     check_snmp();
-    check_modbus();
-    check_system_log();
-    check_sntp();
-    check_smtp();
+    SETTING(U_SysGetModbusAddr, U_SysSetModbusAddr, accepted(Usrmodbus_check_modbus_addr));
+    check_setting({NAMED(U_SysGetModbusEnabled)}, {"U_SysSetModbusEnabled", set_modbus}, {{0, 1}});
+    check_setting({NAMED(U_SysGetModbusPort)}, {"U_SysSetModbusPort", set_modbus_port},
+                  {{503, 65535}});
+    check_validator(NAMED(Usrmodbus_check_modbus_addr), {value_of(U_SysGetModbusAddr)}, {-2, 256});
+    check_validator(NAMED(Usrmodbus_check_modbus_enable), {value_of(U_SysGetModbusEnabled)},
+                    {-2, 100});
+    check_validator(NAMED(Usrmodbus_check_modbus_port),
+                    {static_cast<int>(value_of(U_SysGetModbusPort))}, {-2, 65536});
+    SETTING(Ui_SysLogFlashConfig, Ui_SysLogSet, {0, 1}, accepted(Usrsyslog_check_log_level), {0, 1},
+            hosts(), {1, 65535});
+    check_validator(NAMED(Usrsyslog_check_log_event_to_flash_status), {0, 1}, {-2, 100});
+    check_validator(NAMED(Usrsyslog_check_log_level), {usual(Usrsyslog_check_log_level)},
+                    {-2, 256});
+    check_validator(NAMED(Usrsyslog_check_system_log_server_status), {0, 1}, {-2, 100});
+    check_validator(NAMED(Usrsyslog_check_system_log_server_ip), {"192.0.2.1"},
+                    {"not an address", "256.1.1.1"});
+    check_validator(NAMED(Usrsyslog_check_system_log_server_port), {514}, {-2, 65536});
+    SETTING(U_SysGetMSNTP, U_SysSetMSNTP, {0, 1}, {0, 62}, text(32), text(32), {60, 86400}, 0);
+    GETTER(U_FlshntpIpDmStrngGet, {}, {}, text(32), text(32));
+    SETTING(U_SysGetDaylight, U_SysSetDaylight, turned_on(), {3, 4}, {1, 2}, {0, 1}, {1, 2},
+            {9, 10}, {1, 2}, {0, 1}, {1, 2}, {1, 2});
+    SETTING(U_FlshSmtpGetServer, U_FlshSmtpSetServer, text(32), 32);
+    SETTING(U_FlshSmtpGetSendAdd, U_FlshSmtpSetSendAdd, text(32, '@'), 32);
+    SETTING(U_FlshSmtpGetSubject, U_FlshSmtpSetSubject, text(32), 32);
+    SETTING(U_FlshSmtpGetUnamePwd, U_FlshSmtpSetUnamePwd, {0, 1}, text(32), text(16));
+    SETTING(U_FlshSmtpGetTLS, U_FlshSmtpSetTLS, {0, 1});
+    SETTING(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd, text(32, '@'), text(32, '@'), text(32, '@'),
+            text(32, '@'));
+    writes.push_back([] { U_SysSetRelayConfig(); });
 }

@@ -52,9 +52,12 @@ FAULTY(U_SysGetFirmwareVer, (unsigned char* major, unsigned char* minor, unsigne
        (major, minor, date), *minor = 0;
        *date = 0; *major = static_cast<unsigned char>(++calls); return 0;)
 
-// A text without its terminator.
+// A text without its terminator, and one that goes beyond its size.
 FAULTY(U_FlshSmtpGetServer, (uint8_t * server, uint8_t size), (server, size),
        std::memcpy(server, "mail", 4);
+       return 0;)
+FAULTY(U_FlshDot1xGetRdsId, (char* text, uint8_t size), (text, size),
+       std::memset(text, 0, size + 1U);
        return 0;)
 
 // Getters that write although they fail.
