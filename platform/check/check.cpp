@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <numeric>
+#include <sys/mman.h>
 
 int tried = 0;
 int failed = 0;
@@ -83,8 +84,9 @@ unsigned long Argument::input() const {
     return number;
 }
 
-Argument text(std::size_t width, char separator) {
+Argument text(std::size_t width, char separator, char start) {
     std::string first = "a.example.com", second = "0123456789abcdefghi.example.com";
+    first[0] = second[0] = start;
     first[1] = second[19] = separator;
     first.resize(width - 1);
     second.resize(width - 1);
@@ -102,9 +104,12 @@ Argument turned_on() {
 }
 
 Argument bytes(std::size_t width, std::size_t counting, char first, char second) {
-    std::string counts(counting, 'n');
+    std::string counts(counting, 'n'), values(width, first), others(width, second);
     counts.resize(width);
-    return {counts, std::string(width, first), std::string(width, second)};
+    for (std::size_t i = 1; i < width; i += 2) {
+        std::swap(values[i], others[i]);
+    }
+    return {counts, values, others};
 }
 
 unsigned long ip(const char* text) {
@@ -256,11 +261,11 @@ void check_setting(const Operation& get, const Operation& set, const Arguments& 
     });
 }
 
-// In a file without a name, since a document holds secrets.
+// In memory, which does not fill up in the middle of a write, as /tmp may.
 FILE* written_document() {
-    FILE* file = std::tmpfile();
+    FILE* file = fdopen(memfd_create("document", 0), "w+");
     if (file == nullptr) {
-        std::perror("switch-device-check: cannot create a temporary file");
+        std::perror("switch-device-check: cannot hold a document");
         std::exit(2);
     }
     write_sections(file);

@@ -70,7 +70,8 @@ inline Argument index_up_to(unsigned long end, unsigned long first = 0) {
     return {first, end, true};
 }
 
-Argument text(std::size_t width, char separator = '.');
+// Values of which no two that are beside each other are the same.
+Argument text(std::size_t width, char separator = '.', char start = 'a');
 Argument bytes(std::size_t width, std::size_t counting, char first = 0, char second = 0);
 Argument given(const std::string& text); // to a converter
 Argument turned_on();                    // and when the old value is off, nothing else counts

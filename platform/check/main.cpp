@@ -48,11 +48,14 @@ int compare_key() {
 std::string try_other_process() {
     signal(SIGPIPE, SIG_IGN); // it may not start
     FILE* other = popen(formatted("/proc/%d/exe --key 2>/dev/null", getpid()).c_str(), "w");
+    if (other == nullptr) {
+        return "SKIP no other process can be started";
+    }
     fwrite(key, sizeof key, 1, other);
-    const int status = WEXITSTATUS(pclose(other));
-    return status == 0   ? ""
-           : status == 3 ? "expected the same bytes, seen others"
-                         : "SKIP no other process can be started";
+    const int status = pclose(other);
+    return status == 0                                     ? ""
+           : WIFEXITED(status) && WEXITSTATUS(status) == 3 ? "expected the same bytes, seen others"
+                                                           : "SKIP no other process can be started";
 }
 
 // A getter that writes too much would harm a backup: it is tried before.

@@ -71,7 +71,7 @@ void check_accounts() {
     // Nothing is known of the results of these reads.
     check_setting(
         {"usrflsh_getPSWD_minLen", [](uint8_t* length) { usrflsh_getPSWD_minLen(length); }},
-        {NAMED(usrflsh_setPSWD_minLen)}, {{6, 8}});
+        {NAMED(usrflsh_setPSWD_minLen)}, {{8, 10}});
     check_setting(
         {"usrflsh_getPSWD_maxLen", [](uint8_t* length) { usrflsh_getPSWD_maxLen(length); }},
         {NAMED(usrflsh_setPSWD_maxLen)}, {{20, 31}});
@@ -93,7 +93,7 @@ void check_security() {
     const Argument ports = index_up_to(g_ucMaxPhyPort);
     check_accounts();
     SETTING(U_Dot1xGetEbl, U_Dot1xSetEbl, {0, 1});
-    SETTING(U_FlshDot1xGetRds, U_Dot1xSetRds, hosts(), {1, 65535}, {1, 65535});
+    SETTING(U_FlshDot1xGetRds, U_Dot1xSetRds, hosts(), {1, 65535}, {65535, 1});
     SETTING(U_FlshDot1xGetRdsId, U_Dot1xSetRdsId, text(30), 30);
     SETTING(U_FlshDot1xGetRdsKey, U_Dot1xSetRdsKey, text(30), 30);
     SETTING(U_Dot1xGetTimeoutQuiet, U_Dot1xSetTimeoutQuiet, {10, 65535});
@@ -113,7 +113,7 @@ void check_security() {
     ip_addr_t addresses[2] = {};
     str_to_ipaddr(&addresses[0], "192.0.2.10");
     str_to_ipaddr(&addresses[1], "192.0.2.129");
-    SETTING(U_LoginAuthSrvGetEbl, U_LoginAuthSrvSetEbl, {0, 1}, {0, 1}, 1);
+    SETTING(U_LoginAuthSrvGetEbl, U_LoginAuthSrvSetEbl, {0, 1}, {1, 0}, 1);
     SETTING(U_GetLoginAuthSrv, U_SetLoginAuthSrv, record(ipv4, addresses[0], addresses[1]),
             {1, 65535}, text(30), {2, 3}, {5, 10}, 1);
 }

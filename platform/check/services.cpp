@@ -50,15 +50,16 @@ void check_receivers(const char* title) {
 }
 
 void check_users() {
-    char secret[encrypted_size] = {};
-    encrypt_snmp_key("password-1", secret);
+    char password[encrypted_size] = {}, privacy_key[encrypted_size] = {};
+    encrypt_snmp_key("password-1", password);
+    encrypt_snmp_key("password-2", privacy_key);
     const auto insert = [](unsigned n) {
         U_SnmpInsUsm(name(n).c_str(), SNMP_USM_AUTH_MD5, "password-1", SNMP_USM_PRIV_DES,
-                     "password-1");
+                     "password-2");
     };
     const Lines lines = {"snmp v user name = \"check-device-#\" ;",
-                         formatted("snmp v authentication password = \"%s\" ;", secret),
-                         formatted("snmp v encryption key = \"%s\" ;", secret)};
+                         formatted("snmp v authentication password = \"%s\" ;", password),
+                         formatted("snmp v encryption key = \"%s\" ;", privacy_key)};
     // Two are as many as a document holds. How many more there may be, the device knows.
     const int room = value_of(U_SnmpGetUsmSize) < 2 ? 15 : 0;
     check_lasting_table({"U_SnmpInsUsm", insert},
@@ -124,14 +125,14 @@ void check_services() {
     SETTING(U_SysGetModbusAddr, U_SysSetModbusAddr, accepted(Usrmodbus_check_modbus_addr));
     check_setting({NAMED(U_SysGetModbusEnabled)}, {"U_SysSetModbusEnabled", set_modbus}, {{0, 1}});
     check_setting({NAMED(U_SysGetModbusPort)}, {"U_SysSetModbusPort", set_modbus_port},
-                  {{503, 65535}});
+                  {accepted(Usrmodbus_check_modbus_port)});
     check_validator(NAMED(Usrmodbus_check_modbus_addr), {value_of(U_SysGetModbusAddr)}, {-2, 256});
     check_validator(NAMED(Usrmodbus_check_modbus_enable), {value_of(U_SysGetModbusEnabled)},
                     {-2, 100});
     check_validator(NAMED(Usrmodbus_check_modbus_port),
                     {static_cast<int>(value_of(U_SysGetModbusPort))}, {-2, 65536});
-    SETTING(Ui_SysLogFlashConfig, Ui_SysLogSet, {0, 1}, accepted(Usrsyslog_check_log_level), {0, 1},
-            hosts(), {1, 65535});
+    SETTING(Ui_SysLogFlashConfig, Ui_SysLogSet, {0, 1}, accepted(Usrsyslog_check_log_level), {1, 0},
+            hosts(), accepted(Usrsyslog_check_system_log_server_port));
     check_validator(NAMED(Usrsyslog_check_log_event_to_flash_status), {0, 1}, {-2, 100});
     check_validator(NAMED(Usrsyslog_check_log_level), {usual(Usrsyslog_check_log_level)},
                     {-2, 256});
@@ -139,16 +140,16 @@ void check_services() {
     check_validator(NAMED(Usrsyslog_check_system_log_server_ip), {"192.0.2.1"},
                     {"not an address", "256.1.1.1"});
     check_validator(NAMED(Usrsyslog_check_system_log_server_port), {514}, {-2, 65536});
-    SETTING(U_SysGetMSNTP, U_SysSetMSNTP, {0, 1}, {0, 62}, text(32), text(32), {60, 86400}, 0);
+    SETTING(U_SysGetMSNTP, U_SysSetMSNTP, {0, 1}, {0, 62}, text(32), text(32, '-'), {60, 86400}, 0);
     GETTER(U_FlshntpIpDmStrngGet, {}, {}, text(32), text(32));
     SETTING(U_SysGetDaylight, U_SysSetDaylight, turned_on(), {3, 4}, {1, 2}, {0, 1}, {1, 2},
-            {9, 10}, {1, 2}, {0, 1}, {1, 2}, {1, 2});
+            {9, 10}, {2, 1}, {1, 0}, {2, 1}, {1, 2});
     SETTING(U_FlshSmtpGetServer, U_FlshSmtpSetServer, text(32), 32);
     SETTING(U_FlshSmtpGetSendAdd, U_FlshSmtpSetSendAdd, text(32, '@'), 32);
     SETTING(U_FlshSmtpGetSubject, U_FlshSmtpSetSubject, text(32), 32);
     SETTING(U_FlshSmtpGetUnamePwd, U_FlshSmtpSetUnamePwd, {0, 1}, text(32), text(16));
     SETTING(U_FlshSmtpGetTLS, U_FlshSmtpSetTLS, {0, 1});
-    SETTING(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd, text(32, '@'), text(32, '@'), text(32, '@'),
-            text(32, '@'));
+    SETTING(U_FlshSmtpGetRecAdd, U_FlshSmtpSetRecAdd, text(32, '@'), text(32, '@', 'b'),
+            text(32, '@', 'c'), text(32, '@', 'd'));
     writes.push_back([] { U_SysSetRelayConfig(); });
 }

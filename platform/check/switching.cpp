@@ -206,10 +206,11 @@ void check_vlan_header() {
         ++other;
     }
     static TstFlshVlanPortBasedEntry every, others, next; // as in restore, always with port 8
+    const unsigned ports = std::clamp<unsigned>(g_ucMaxPhyPort, 1, 8);
     for (unsigned i = 0; i < 8; ++i) {
         every.stPortMask[i] = {{~0U, ~0U}};
-        others.stPortMask[i] = {{0x1ffU & ~(1U << i), 0}};
-        next.stPortMask[i] = {{0x100U | 1U << (i + 1) % 8, 0}};
+        others.stPortMask[i] = {{0x100U | (((1U << ports) - 1) & ~(1U << i)), 0}};
+        next.stPortMask[i] = {{0x100U | 1U << (i + 1) % ports, 0}};
     }
     static vlan_data_t counts;
     std::memset(counts.portrole, 1, sizeof counts.portrole);
@@ -229,12 +230,12 @@ void check_vlan_header() {
     check_verdict("finds an access port in two VLANs", VLAN_DATA_ACCESS_LIST, 0, ",4093,4094");
     check_verdict("finds what is not a number", VLAN_DATA_ID_VALUE, 1, ",x");
     check_verdict("finds a number out of range", VLAN_DATA_ID_RANGE, 1, ",4095");
-    const unsigned port = std::clamp<unsigned>(g_ucMaxPhyPort, 1, 8) - 1;
     check_setting(
         {"get_vlan_data", vlans}, {"set_vlan_data", set_vlans},
         {record(counts,
-                vlans_with(port, 1, formatted(",%u,%u,%u", unused, unused + 2, unused + 4).c_str()),
-                vlans_with(port, 1, formatted(",%u,%u", unused, unused + 4).c_str())),
+                vlans_with(ports - 1, 1,
+                           formatted(",%u,%u,%u", unused, unused + 2, unused + 4).c_str()),
+                vlans_with(0, 1, formatted(",%u,%u", unused, unused + 4).c_str())),
          {7, 5}});
     SETTING(U_VlanGetMgnVlanId, U_FlshVlanSetMgnVlanId,
             {management, has_vlan(other) ? other : management});
@@ -250,7 +251,7 @@ void check_switching() {
     check_vlan_header();
     check_rules();
     SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode,
-            record(counts, {0, {1, 1, 1, 1, 1, 1, 1, 1}, 1}, {0, {8, 8, 8, 8, 8, 8, 8, 8}, 3}));
+            record(counts, {0, {1, 2, 3, 4, 5, 6, 7, 8}, 1}, {0, {8, 7, 6, 5, 4, 3, 2, 1}, 3}));
     SETTING(U_QosGetScheduleMode, U_QosSetScheduleMode,
             record(counts, {0, {1, 1, 1, 1, 1, 1, 1, 1}, 1}, {7, {1, 1, 1, 1, 1, 1, 1, 1}, 1}));
     SETTING(U_QosGetcosqueuemapping, U_QosSetcosqueuemapping, bytes(8, 8, 1, 6));

@@ -23,6 +23,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include <unistd.h>
 
@@ -107,13 +108,15 @@ FAULTY(U_TrkLId2PMask, (TstPPortMask * members, uint8_t id), (members, id), memb
 FAULTY(U_PortGetMode, (uint8_t port), (port), port = port == 4 ? 6 : port;)
 
 // Setters: without effect, with effect on another port too, with no strict priority, with effect
-// once only, cut, and one that leaves a hole in a table.
+// once only, with two arguments swapped, cut, and one that leaves a hole in a table.
 FAULTY(U_StpSetEbl, (char enabled), (enabled), (void)enabled; return 0;)
 FAULTY(U_Dot1xSetPortMode, (uint8_t port, uint8_t mode), (port, mode),
        real_U_Dot1xSetPortMode(3, mode);)
 FAULTY(U_QosSetScheduleMode, (TstFlshSchedulemode * mode), (mode), mode->sch = 0;)
 FAULTY(
     U_FlshHTTPSSet, (char enabled), (enabled), if (++calls > 1) { return 0; })
+FAULTY(U_Dot1xSetRds, (uint32_t server, uint16_t port, uint16_t accounting_port),
+       (server, port, accounting_port), std::swap(port, accounting_port);)
 FAULTY(U_Dot1xSetTimeoutReauth, (uint32_t seconds), (seconds), seconds &= 0xff;)
 FAULTY(U_SnmpDelCommunity, (const char* community), (community), real_U_SnmpDelCommunity(community);
        return U_SnmpInsCommunity(0, "");)
